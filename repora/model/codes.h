@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+
+// The integer codes of the model's value lists.
+namespace repora::codes {
+
+// ORVTypes::pType of the model root
+inline constexpr std::int32_t kModelLogical = 1;
+inline constexpr std::int32_t kModelPhysical = 2;
+inline constexpr std::int32_t kModelLogicalAndPhysical = 3;
+
+// ORVTypes::pType of an attribute
+inline constexpr std::int32_t kAttributeType = 100;
+
+// ORVTypes::pOracleBuffPool
+inline constexpr std::int32_t kBufferPoolKeep = 900;
+inline constexpr std::int32_t kBufferPoolRecycle = 901;
+inline constexpr std::int32_t kBufferPoolDefault = 902;
+
+// ORVTypes::pTimezoneOption
+inline constexpr std::int32_t kTimestamp = 903;
+inline constexpr std::int32_t kTimestampWithTimeZone = 904;
+inline constexpr std::int32_t kTimestampWithLocalTimeZone = 905;
+
+// ORVTypes::pUseParallel
+inline constexpr std::int32_t kParallel = 904;
+inline constexpr std::int32_t kNoParallel = 905;
+
+// ORVTypes::pCharacterSemantics
+inline constexpr std::int32_t kByteSemantics = 907;
+inline constexpr std::int32_t kCharSemantics = 908;
+
+// ORVTypes::pDataOrganizationType
+inline constexpr std::int32_t kIndexOrganized = 912;
+inline constexpr std::int32_t kExternal = 913;
+
+// ORVTypes::pTableMapping
+inline constexpr std::int32_t kMappingTable = 915;
+inline constexpr std::int32_t kNoMapping = 916;
+
+// ORVTypes::pCompressType
+inline constexpr std::int32_t kNoCompress = 918;
+inline constexpr std::int32_t kCompress = 919;
+
+// ORVTypes::pOracleDataStorageType
+inline constexpr std::int32_t kHeapStorage = 0;
+inline constexpr std::int32_t kIndexOrExternalStorage = 1;
+inline constexpr std::int32_t kClusteredStorage = 2;
+
+// ORVTypes::pOracleCommitType
+inline constexpr std::int32_t kCommitDelete = 0;
+inline constexpr std::int32_t kCommitPreserve = 1;
+
+// ORVTypes::pOracleMaxExtentType
+inline constexpr std::int32_t kMaxExtentsUnlimited = 0;
+
+// ORVTypes::pOracleOptimalSizeType
+inline constexpr std::int32_t kOptimalNull = 0;
+inline constexpr std::int32_t kOptimalSize = 1;
+
+// Storage kinds: ORVTypes::pType of a physical storage item
+inline constexpr std::int32_t kUnclassifiedStorage = 0;
+inline constexpr std::int32_t kRegularStorage = 1;
+inline constexpr std::int32_t kIndexStorage = 2;
+inline constexpr std::int32_t kOverflowStorage = 3;
+
+}  // namespace repora::codes
