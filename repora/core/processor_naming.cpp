@@ -1,0 +1,160 @@
+#include <algorithm>
+#include <iterator>
+
+#include "repora/core/letters.h"
+#include "repora/core/name.h"
+#include "repora/core/processor_state.h"
+#include "repora/model/codes.h"
+#include "repora/model/datatypes_map.h"
+
+namespace {
+
+// Types whose schema travels in a property of its own; the others take the whole dotted name.
+constexpr MOXId kShortNameTypes[] = {
+    ORVTypes::oEntity,
+    ORVTypes::oAttribute,
+    ORVTypes::oKeyGroup,
+    ORVTypes::oCachedView,
+    ORVTypes::oFunction,
+    ORVTypes::oOracleCachedViewLog,
+    ORVTypes::oOracleCluster,
+    ORVTypes::oOracleClusterIndex,
+    ORVTypes::oOracleContext,
+    ORVTypes::oOracleDatabase,
+    ORVTypes::oOracleDiskGroup,
+    ORVTypes::oOracleLibrary,
+    ORVTypes::oOraclePackage,
+    ORVTypes::oOraclePhysicalStorage,
+    ORVTypes::oSequence,
+    ORVTypes::oStoredProcedure,
+    ORVTypes::oSynonym,
+    ORVTypes::oTrigger,
+    ORVTypes::oView,
+};
+
+std::string ApplyPhysicalCase(eREPPhysical rule, std::string text) {
+  switch (rule) {
+    case eREPPhysicalLower: return repora::ToLower(text);
+    case eREPPhysicalUpper: return repora::ToUpper(text);
+    case eREPPhysicalAsIs: break;
+  }
+  return text;
+}
+
+std::string ApplyLogicalCase(eREPLogical rule, std::string text) {
+  switch (rule) {
+    case eREPLogicalLower: return repora::ToLower(text);
+    case eREPLogicalUpper: return repora::ToUpper(text);
+    case eREPLogicalMixed: return repora::ToMixed(text);
+    case eREPLogicalAsIs: break;
+  }
+  return text;
+}
+
+}  // namespace
+
+bool REPProcessor::TypeUsesShortName(MOXId type) const {
+  return std::find(std::begin(kShortNameTypes), std::end(kShortNameTypes), type) !=
+         std::end(kShortNameTypes);
+}
+
+bool REPProcessor::TypeUsesPhysicalName(MOXId type) const {
+  auto const known = state_->uses_physical_name.find(type);
+  if (known != state_->uses_physical_name.end()) return known->second;
+  auto* const metamodel = state_->model_set ? state_->model_set->GetMetamodel() : nullptr;
+  auto const* const association =
+      MOXUtilityPack::FindAssociation(metamodel, type, ORVTypes::pPhysicalName);
+  bool const uses = association && association->GetBoolean(MOXTypes::pIsDeprecated) != 1;
+  if (state_->summary) state_->uses_physical_name.emplace(type, uses);
+  return uses;
+}
+
+bool REPProcessor::TypeUsesDBOwner(MOXId type) const {
+  auto* const metamodel = state_->model_set ? state_->model_set->GetMetamodel() : nullptr;
+  return MOXUtilityPack::FindAssociation(metamodel, type, ORVTypes::pDBOwner) != nullptr;
+}
+
+void REPProcessor::SetNameProp(MOXActionSummaryItem* item, REPName const* name) {
+  if (!item || !name || name->IsEmpty()) return;
+  auto const full =
+      TypeUsesShortName(item->Type()) ? name->GetName(false) : name->GetFullName(false);
+  auto const physical = name->IsQuoted() ? full : ApplyPhysicalCase(state_->physical_case, full);
+  auto const set_name = [&](repora::SharedText const& text) {
+    item->SetName(text);
+    item->SetProperty(MOXTypes::pName, QELValue(text));
+  };
+  if (GetModelType() == repora::codes::kModelPhysical ||
+      (state_->logical_case == eREPLogicalAsIs && state_->physical_case == eREPPhysicalAsIs) ||
+      !TypeUsesPhysicalName(item->Type())) {
+    set_name(repora::SharedText(physical));
+    return;
+  }
+  if (item->Type() == ORVTypes::oAttribute) {
+    auto const* const owner = FindSummaryPtrById(item->Owner());
+    if (owner && (owner->Type() == ORVTypes::oView || owner->Type() == ORVTypes::oCachedView)) {
+      set_name(repora::SharedText(physical));
+      return;
+    }
+  }
+  auto const logical = name->IsQuoted() ? full : ApplyLogicalCase(state_->logical_case, full);
+  repora::SharedText const logical_text(logical);
+  set_name(logical_text);
+  item->SetProperty(ORVTypes::pPhysicalName, logical == physical
+                                                 ? QELValue(logical_text)
+                                                 : QELValue(std::string_view(physical)));
+}
+
+void REPProcessor::SetPhysicalNameProp(MOXActionSummaryItem* item, REPName const* name) const {
+  if (!item || !name || name->IsEmpty()) return;
+  auto text = TypeUsesShortName(item->Type()) ? name->GetName(false) : name->GetFullName(false);
+  if (!name->IsQuoted()) text = ApplyPhysicalCase(state_->physical_case, std::move(text));
+  item->SetProperty(ORVTypes::pPhysicalName, QELValue(std::string_view(text)));
+}
+
+void REPProcessor::SetPropOnActionItem(MOXActionSummaryItem* item, MOXProperty const& property,
+                                       bool as_pair) {
+  if (!item) return;
+  if (as_pair)
+    item->SetPropertyPair(MOXProperty(property.Id(), QELValue(), false), property);
+  else
+    item->SetProperty(property);
+}
+
+std::string REPProcessor::GetObjectDisplayString(MOXId type) const {
+  auto* const metamodel = state_->model_set ? state_->model_set->GetMetamodel() : nullptr;
+  for (auto const terminology : {ORVTypes::tPhysicalName, MOXId{0}}) {
+    auto name = MOXUtilityPack::MetaobjectName(type, MOXUtilityPack::eDisplayName, metamodel,
+                                               terminology, nullptr);
+    if (!name.empty()) return name;
+  }
+  return std::to_string(type);
+}
+
+std::uint32_t REPProcessor::IdentifyParentDomain(char const* datatype_name) {
+  std::string const name(datatype_name ? datatype_name : "");
+  if (auto const known = state_->parent_domains.find(name); known != state_->parent_domains.end())
+    return known->second;
+  auto const domain = LookUpParentDomain(name);
+  if (state_->summary) state_->parent_domains.emplace(name, domain);
+  return domain;
+}
+
+std::uint32_t REPProcessor::LookUpParentDomain(std::string const& datatype_name) const {
+  auto const& map = KALDatatypesMapI::GetReference();
+  auto const dbms =
+      map.GetDbms(state_->target_server, state_->dbms_version, state_->dbms_minor_version);
+  QELValue built_in_id;
+  if (!state_->model_set || !dbms || !map.FindBuiltInId(*dbms, datatype_name, built_in_id))
+    return 0;
+  auto* const index = state_->model_set->GetTypeIndex();
+  auto const* const domains = index ? index->ObjectsOfType(ORVTypes::oDomain) : nullptr;
+  if (!domains) return 0;
+  for (auto const id : *domains) {
+    MOXObject domain;
+    QELValue value;
+    if (state_->model_set->GetModel()->FindObject(id, domain) &&
+        domain.GetProperty(MOXTypes::pBuiltInId, value, false) == eSuccess && value == built_in_id)
+      return id;
+  }
+  return 0;
+}
