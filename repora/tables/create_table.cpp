@@ -1,0 +1,158 @@
+#include "repora/tables/create_table.h"
+
+#include <vector>
+
+#include "repora/core/processor.h"
+#include "repora/core/properties.h"
+#include "repora/model/codes.h"
+#include "repora/model/item.h"
+#include "repora/storage/compression.h"
+#include "repora/storage/parallel.h"
+#include "repora/storage/segment_attributes.h"
+
+namespace codes = repora::codes;
+
+namespace {
+
+// A choice of two keywords, of which the second means true.
+void SetChoice(MOXActionSummaryItem& item, MOXId property, int choice) {
+  if (choice == 1) repora::SetBoolean(item, property, false);
+  if (choice == 2) repora::SetBoolean(item, property, true);
+}
+
+}  // namespace
+
+REPCreateTable::REPCreateTable() = default;
+
+REPCreateTable::~REPCreateTable() = default;
+
+REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
+  if (!processor) return REPProcessError;
+  if (table_type_ != REPTableType_e::Relational) return REPProcessUnsupported;
+  MOXActionSummaryItem* item = nullptr;
+  if (auto const result =
+          processor->AddItem(processor->GetRoot(), ORVTypes::oEntity, name_.Get(), item);
+      result != REPProcessOK)
+    return result;
+  auto& entity = *item;
+  if (global_temporary_) repora::SetBoolean(entity, ORVTypes::pOracleTemporary, true);
+  if (name_) repora::SetTextIfGiven(entity, ORVTypes::pDBOwner, name_->GetOwnerName(false));
+  if (auto const result = columns_.Process(processor, &entity, name_.Get()); result != REPProcessOK)
+    return result;
+  if (commit_ == REPCommit_e::DeleteRows)
+    repora::SetInteger(entity, ORVTypes::pOracleCommitType, codes::kCommitDelete);
+  if (commit_ == REPCommit_e::PreserveRows)
+    repora::SetInteger(entity, ORVTypes::pOracleCommitType, codes::kCommitPreserve);
+  if (auto const result = ProcessOrganization(processor, entity); result != REPProcessOK)
+    return result;
+  if (auto const result = ProcessCluster(processor, entity); result != REPProcessOK) return result;
+  ProcessSegment(processor, entity);
+  ProcessCompression(entity);
+  SetChoice(entity, ORVTypes::pOracleCache, static_cast<int>(cache_));
+  if (parallel_) {
+    if (auto const result = parallel_->Process(processor, &entity); result != REPProcessOK)
+      return result;
+  }
+  SetChoice(entity, ORVTypes::pOracleRowDependencies, static_cast<int>(row_dependencies_));
+  SetChoice(entity, ORVTypes::pOracleEnableRowMovement, static_cast<int>(row_movement_));
+  if (monitor_ == REPMonitor_e::On) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, true);
+  if (monitor_ == REPMonitor_e::Off) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, false);
+  return REPProcessOK;
+}
+
+REPProcess_e REPCreateTable::ProcessOrganization(REPProcessor* processor,
+                                                 MOXActionSummaryItem& entity) const {
+  switch (organization_) {
+    case REPOrganization_e::None: break;
+    case REPOrganization_e::Heap:
+      if (!global_temporary_)
+        repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kHeapStorage);
+      break;
+    case REPOrganization_e::Index: return ProcessIndexOrganization(processor, entity);
+    case REPOrganization_e::External:
+      repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kIndexOrExternalStorage);
+      repora::SetInteger(entity, ORVTypes::pDataOrganizationType, codes::kExternal);
+      break;
+  }
+  return REPProcessOK;
+}
+
+REPProcess_e REPCreateTable::ProcessIndexOrganization(REPProcessor* processor,
+                                                      MOXActionSummaryItem& entity) const {
+  repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kIndexOrExternalStorage);
+  repora::SetInteger(entity, ORVTypes::pDataOrganizationType, codes::kIndexOrganized);
+  if (mapping_ == REPMapping_e::MappingTable)
+    repora::SetInteger(entity, ORVTypes::pTableMapping, codes::kMappingTable);
+  if (mapping_ == REPMapping_e::NoMapping)
+    repora::SetInteger(entity, ORVTypes::pTableMapping, codes::kNoMapping);
+  repora::SetTextIfGiven(entity, ORVTypes::pPctThreshold, pct_threshold_);
+  if (including_column_) {
+    auto const column =
+        processor->FindItem(entity.Id(), ORVTypes::oAttribute, including_column_.Get());
+    if (!column) {
+      processor->DisplaySemantic(REPMessage::IncludingColumnMissing,
+                                 including_column_->GetFullName(false),
+                                 processor->GetObjectDisplayString(entity.Type()), entity.Name());
+      return REPProcessError;
+    }
+    repora::SetReference(entity, ORVTypes::pIncludingColumn, column);
+  }
+  repora::SetBoolean(entity, ORVTypes::pIndexOverflow, index_overflow_);
+  if (overflow_segment_) {
+    auto const* const storage =
+        overflow_segment_->Process(processor, &entity, codes::kOverflowStorage);
+    if (storage) repora::SetReference(entity, ORVTypes::pOracleOverflowStorageRef, storage->Id());
+  }
+  return REPProcessOK;
+}
+
+REPProcess_e REPCreateTable::ProcessCluster(REPProcessor* processor,
+                                            MOXActionSummaryItem& entity) const {
+  if (!cluster_) return REPProcessOK;
+  auto const root = processor->GetRoot();
+  auto cluster = processor->FindItem(root, ORVTypes::oOracleCluster, cluster_.Get());
+  if (!cluster) {
+    cluster = processor->FindCreateItem(root, ORVTypes::oOracleCluster, cluster_.Get());
+    if (auto* const item = processor->FindSummaryPtrById(cluster))
+      repora::SetTextIfGiven(*item, ORVTypes::pDBOwner, cluster_->GetOwnerName(false));
+  }
+  repora::SetReference(entity, ORVTypes::pOracleClusterRef, cluster);
+  if (cluster_columns_ && cluster_columns_->GetCount() > 0) {
+    std::vector<std::uint32_t> columns;
+    for (int i = 0; i < cluster_columns_->GetCount(); ++i) {
+      auto const* const name = cluster_columns_->GetName(i);
+      columns.push_back(processor->FindItem(entity.Id(), ORVTypes::oAttribute, name));
+      if (columns.back() != 0) continue;
+      processor->DisplaySemantic(REPMessage::ClusterColumnMissing, name->GetFullName(false),
+                                 processor->GetObjectDisplayString(entity.Type()), entity.Name());
+      return REPProcessError;
+    }
+    repora::SetReferences(entity, ORVTypes::pOracleClusterColumnsRef, columns);
+  }
+  auto const* const storage = entity.Properties().Find(ORVTypes::pOracleDataStorageType);
+  if (!storage || storage->Integer() == codes::kHeapStorage)
+    repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kClusteredStorage);
+  return REPProcessOK;
+}
+
+void REPCreateTable::ProcessSegment(REPProcessor* processor, MOXActionSummaryItem& entity) const {
+  if (!segment_) return;
+  bool const is_index = organization_ == REPOrganization_e::Index;
+  auto const* const storage = segment_->Process(
+      processor, &entity, is_index ? codes::kIndexStorage : codes::kRegularStorage);
+  if (!repora::HasProperty(entity, ORVTypes::pOracleDataStorageType))
+    repora::AddInteger(entity, ORVTypes::pOracleDataStorageType, codes::kHeapStorage);
+  if (!storage) return;
+  if (is_index)
+    repora::SetReference(entity, ORVTypes::pOracleIndexStorageRef, storage->Id());
+  else if (organization_ != REPOrganization_e::External)
+    repora::SetReference(entity, ORVTypes::pOracleRegularStorageRef, storage->Id());
+}
+
+void REPCreateTable::ProcessCompression(MOXActionSummaryItem& entity) const {
+  repora::WriteCompression(entity, compression_, compression_size_);
+  bool const given =
+      compression_ == REPCompress_e::Compress || compression_ == REPCompress_e::NoCompress;
+  if (given && !repora::HasProperty(entity, ORVTypes::pOracleDataStorageType))
+    repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kHeapStorage);
+}
