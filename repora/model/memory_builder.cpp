@@ -1,0 +1,423 @@
+#include "repora/model/memory_builder.h"
+
+#include <algorithm>
+#include <bit>
+#include <functional>
+#include <limits>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "repora/model/dump_text.h"
+#include "repora/model/item.h"
+#include "repora/model/memory_model.h"
+#include "repora/model/metamodel.h"
+
+namespace repora {
+
+// --- The advisory channel ---
+
+void MemoryAdvisoryChannel::Subscribe(MOXSubscriberI* subscriber) {
+  if (subscriber &&
+      std::find(subscribers_.begin(), subscribers_.end(), subscriber) == subscribers_.end())
+    subscribers_.push_back(subscriber);
+}
+
+void MemoryAdvisoryChannel::Unsubscribe(MOXSubscriberI* subscriber) {
+  if (!subscriber) return;
+  std::replace(subscribers_.begin(), subscribers_.end(), subscriber,
+               static_cast<MOXSubscriberI*>(nullptr));
+  if (telling_ == 0) std::erase(subscribers_, nullptr);
+}
+
+void MemoryAdvisoryChannel::Publish(MOXAdvisory const& advisory, long& told, long& held,
+                                    long& dropped) {
+  class Event final : public MOXPublishedEventI {
+   public:
+    explicit Event(MOXAdvisory advisory) : advisory_(std::move(advisory)) {}
+    MOXAdvisory const& Advisory() const override { return advisory_; }
+
+   private:
+    MOXAdvisory advisory_;  // a copy: the list may grow while subscribers are being told
+  };
+
+  advisories_.push_back(advisory);
+  told = 0;
+  if (!subscribers_.empty()) {
+    Event const event(advisories_.back());
+    ++telling_;
+    auto const count = subscribers_.size();  // who comes while others are told waits for the next
+    for (std::size_t i = 0; i < count; ++i) {
+      if (!subscribers_[i]) continue;
+      subscribers_[i]->Notify(event);
+      ++told;
+    }
+    if (--telling_ == 0) std::erase(subscribers_, nullptr);
+  }
+  held = static_cast<long>(advisories_.size());
+  dropped = 0;
+}
+
+void MemoryAdvisoryChannel::GetAdvisories(std::vector<MOXAdvisory>& advisories) const {
+  advisories = advisories_;
+}
+
+// --- The builder ---
+
+namespace {
+
+// Tells the callback how far a build is until it does not want to hear more.
+class Progress {
+ public:
+  Progress(MOXBuilderCallbackI* callback, std::size_t total)
+      : callback_(callback), total_(total), step_(std::max<std::size_t>(1, total / 100)) {
+    Tell(MOXBuilderCallbackI::eProgress);
+  }
+  void CountItem() {
+    if (++done_ % step_ == 0 || done_ == total_) Tell(MOXBuilderCallbackI::eProgress);
+  }
+  void Finish() { Tell(MOXBuilderCallbackI::eFinished); }
+
+ private:
+  void Tell(MOXBuilderCallbackI::Events_e event) {
+    auto const count = [](std::size_t n) { return static_cast<unsigned long>(n); };
+    if (callback_ && !callback_->Advise(event, count(done_), count(total_))) callback_ = nullptr;
+  }
+
+  MOXBuilderCallbackI* callback_;
+  std::size_t total_;
+  std::size_t step_;
+  std::size_t done_ = 0;
+};
+
+// Where each item of a summary goes: to an object of the model, or to a new one.
+class BuildPlan {
+ public:
+  struct Target {
+    std::uint32_t id;
+    MOXActionSummaryItem const* item;
+  };
+
+  BuildPlan(MemoryModelSet const& model_set, MOXActionSummary const& summary,
+            MOXBuilderIdMap const* id_map)
+      : summary_(summary), id_map_(id_map) {
+    auto const& items = summary.CreatedObjects();
+    auto const last_item = items.size() == 0 ? 0 : (*(items.end() - 1))->Id();
+    std::uint64_t next_free = std::uint64_t{std::max(model_set.HighestId(), last_item)} + 1;
+    for (auto const* item : items) {
+      auto const id = item->Id();
+      auto target = Mapped(id);
+      if (summary.IsExisting(id) && model_set.Has(target)) {
+        changed.push_back({target, item});
+      } else {
+        bool const free = id != 0 && !model_set.Has(id);
+        target = free ? id : static_cast<std::uint32_t>(next_free++);
+        created.push_back({target, item});
+      }
+      if (target != id) moved_[id] = target;
+    }
+    fits = next_free - 1 <= std::numeric_limits<std::uint32_t>::max();
+    // Fresh ids come in between; in ascending order the model takes them all at once.
+    auto const by_id = [](Target const& a, Target const& b) { return a.id < b.id; };
+    if (!std::is_sorted(created.begin(), created.end(), by_id))
+      std::sort(created.begin(), created.end(), by_id);
+  }
+
+  // The id in the model of what the summary calls by that id; 0 stays no object.
+  std::uint32_t Translated(std::uint32_t id) const {
+    if (id == 0) return 0;
+    if (!moved_.empty())
+      if (auto const found = moved_.find(id); found != moved_.end()) return found->second;
+    auto const mapped = Mapped(id);
+    return mapped == id || summary_.CreatedObjects().Find(id) ? id : mapped;
+  }
+
+  QELValue Translated(QELValue const& value) const {
+    switch (value.Kind()) {
+      case QELValue::eShortId: return QELValue(QELShortId(Translated(value.ShortId())));
+      case QELValue::eShortIdVector: {
+        std::vector<QELShortId> elements;
+        value.GetShortIdVector(elements);
+        return Rebuilt(value, elements,
+                       [this](QELShortId element) { return QELShortId(Translated(element.Id())); });
+      }
+      case QELValue::eInt64Vector: {
+        std::vector<std::int64_t> elements;
+        value.GetInt64Vector(elements);
+        return Rebuilt(value, elements, [this](std::int64_t element) {
+          auto const bits = static_cast<std::uint64_t>(element);
+          auto const high = Translated(static_cast<std::uint32_t>(bits >> 32));
+          auto const low = Translated(static_cast<std::uint32_t>(bits));
+          return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
+        });
+      }
+      default: return value;
+    }
+  }
+
+  std::vector<Target> created;  // by ascending id
+  std::vector<Target> changed;
+  bool fits = true;  // false: there are not enough ids for all new objects
+
+ private:
+  std::uint32_t Mapped(std::uint32_t id) const {
+    auto const mapped = id_map_ ? id_map_->Find(id) : 0;
+    return mapped == 0 ? id : mapped;
+  }
+
+  // The vector with every element translated; the value itself when that changes nothing, so that
+  // it stays shared.
+  template <class Element, class Translate>
+  static QELValue Rebuilt(QELValue const& value, std::vector<Element> const& elements,
+                          Translate translate) {
+    QELValue translated;
+    bool differs = false;
+    for (auto const element : elements) {
+      auto const replacement = translate(element);
+      differs = differs || !(replacement == element);
+      translated += replacement;
+    }
+    return differs ? translated : value;
+  }
+
+  MOXActionSummary const& summary_;
+  MOXBuilderIdMap const* id_map_;
+  std::unordered_map<std::uint32_t, std::uint32_t> moved_;  // summary ids that are others here
+};
+
+PropertySet NewProperties(MOXActionSummaryItem const& item, BuildPlan const& plan) {
+  auto properties = item.Properties();
+  for (auto const& property : item.Properties())
+    properties.Set(property.id, plan.Translated(property.value));
+  if (*item.Name() && !properties.Find(MOXTypes::pName))
+    properties.Set(MOXTypes::pName, QELValue(item.Name()));
+  return properties;
+}
+
+// False when the object is as the item says already.
+bool ChangeObject(MemoryModelSet& model_set, BuildPlan::Target const& target,
+                  BuildPlan const& plan) {
+  auto const before = model_set.ChangeCount();
+  auto const owner = plan.Translated(target.item->Owner());
+  if (model_set.OwnerOf(target.id) != owner) model_set.SetOwner(target.id, owner);
+  for (auto const& property : target.item->Properties()) {
+    auto value = plan.Translated(property.value);
+    auto const* old = model_set.PropertiesOf(target.id)->Find(property.id);
+    if (!old || !(*old == value)) model_set.SetProperty(target.id, property.id, std::move(value));
+  }
+  for (auto const property : target.item->RemovedProperties())
+    if (model_set.PropertiesOf(target.id)->Find(property))
+      model_set.RemoveProperty(target.id, property);
+  return model_set.ChangeCount() != before;
+}
+
+}  // namespace
+
+bool MemoryBuilder::Build(MOXActionSummary* summary, unsigned /*flags*/,
+                          std::string const& /*name*/) {
+  if (!summary) return false;
+  BuildPlan const plan(model_set_, *summary, id_map_);
+  if (!plan.fits) return false;
+
+  Progress progress(callback_, plan.created.size() + plan.changed.size());
+  std::vector<std::uint32_t> touched;
+  for (auto const& target : plan.created) {
+    auto const& item = *target.item;
+    model_set_.InsertObject(target.id, item.Type(), plan.Translated(item.Owner()),
+                            NewProperties(item, plan));
+    touched.push_back(target.id);
+    progress.CountItem();
+  }
+  for (auto const& target : plan.changed) {
+    if (ChangeObject(model_set_, target, plan)) touched.push_back(target.id);
+    progress.CountItem();
+  }
+
+  MOXObject object;
+  if (validator_)
+    for (auto const id : touched)
+      if (model_set_.GetModel()->FindObject(id, object)) validator_->Validate(object);
+  progress.Finish();
+  return true;
+}
+
+// --- The validator ---
+
+namespace {
+
+std::string_view TextOf(PropertySet const& properties, MOXId property) {
+  auto const* value = properties.Find(property);
+  return value ? value->View() : std::string_view();
+}
+
+// How a message calls an object: Table "EMP" (#5).
+std::string Called(MemoryModelSet& model_set, MOXObject const& object) {
+  auto text = model_set.GetMetamodel()->NameOfType(object.Type(), ORVTypes::tPhysicalName);
+  if (text.empty()) text = "Object";
+  if (auto const name = TextOf(*model_set.PropertiesOf(object.Id()), MOXTypes::pName);
+      !name.empty()) {
+    text += ' ';
+    DumpQuoted(text, name);
+  }
+  return text + " (#" + std::to_string(object.Id()) + ")";
+}
+
+template <class Visit>
+void VisitReferences(QELValue const& value, Visit visit) {
+  if (value.Kind() == QELValue::eShortId) visit(value.ShortId());
+  if (std::vector<QELShortId> ids; value.GetShortIdVector(ids))
+    for (auto const id : ids) visit(id.Id());
+  if (std::vector<std::int64_t> pairs; value.GetInt64Vector(pairs))
+    for (auto const pair : pairs) {
+      visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair) >> 32));
+      visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair)));
+    }
+}
+
+}  // namespace
+
+// Which objects of the model share a name, found out once for each state of the model. The table
+// holds ids only, so that it stays small beside a model of millions of objects.
+class MemoryValidator::NameIndex {
+ public:
+  struct Namesakes {
+    std::uint32_t first;
+    std::uint32_t second;
+    std::uint32_t count;
+    bool told;
+  };
+
+  explicit NameIndex(MemoryModelSet& model_set) : model_set_(model_set) {}
+
+  // Null for an object without namesakes.
+  Namesakes* Find(MOXObject const& object) {
+    if (!made_ || changes_ != model_set_.ChangeCount()) Make();
+    auto const found = group_of_.find(object.Id());
+    return found == group_of_.end() ? nullptr : &groups_[found->second];
+  }
+
+ private:
+  struct Key {
+    std::uint32_t owner;
+    MOXId type;
+    std::string_view schema;
+    std::string_view name;
+    bool operator==(Key const&) const = default;
+  };
+  struct Slot {
+    std::uint32_t id = 0;
+    std::uint32_t tag = 0;  // part of the hash, so that few names need to be compared
+  };
+
+  static std::uint64_t Hash(Key const& key) {
+    std::hash<std::string_view> const text;
+    std::uint64_t hash = text(key.name);
+    for (std::uint64_t const part :
+         {std::uint64_t{text(key.schema)}, std::uint64_t{key.owner} << 32 | key.type})
+      hash = (hash ^ part) * 0x9E3779B97F4A7C15U;
+    return hash;
+  }
+
+  Key KeyOf(MOXObject const& object) const {
+    auto const& properties = *model_set_.PropertiesOf(object.Id());
+    return {model_set_.OwnerOf(object.Id()), object.Type(), TextOf(properties, ORVTypes::pDBOwner),
+            TextOf(properties, MOXTypes::pName)};
+  }
+
+  void Make() {
+    groups_.clear();
+    group_of_.clear();
+    std::vector<Slot> slots(std::bit_ceil(model_set_.ObjectCount() * 2));
+    MOXObjectIterator iterator;
+    model_set_.GetModel()->CreateIterator(iterator);
+    for (MOXObject object; ++iterator;) {
+      iterator.GetValue(object);
+      if (auto const key = KeyOf(object); !key.name.empty()) Enter(slots, object, key);
+    }
+    made_ = true;
+    changes_ = model_set_.ChangeCount();
+  }
+
+  void Enter(std::vector<Slot>& slots, MOXObject const& object, Key const& key) {
+    auto const hash = Hash(key);
+    auto const tag = static_cast<std::uint32_t>(hash);
+    auto place = static_cast<std::size_t>(hash >> 32);
+    for (;; ++place) {
+      auto& slot = slots[place & (slots.size() - 1)];
+      if (slot.id == 0) {
+        slot = {object.Id(), tag};
+        return;
+      }
+      MOXObject other;
+      if (slot.tag == tag && model_set_.GetModel()->FindObject(slot.id, other) &&
+          KeyOf(other) == key) {
+        Join(other.Id(), object.Id());
+        return;
+      }
+    }
+  }
+
+  void Join(std::uint32_t first, std::uint32_t id) {
+    auto const [entry, is_new] = group_of_.try_emplace(first, groups_.size());
+    auto const group = entry->second;
+    if (is_new) groups_.push_back({first, id, 1, false});
+    ++groups_[group].count;
+    group_of_[id] = group;
+  }
+
+  MemoryModelSet& model_set_;
+  std::vector<Namesakes> groups_;
+  std::unordered_map<std::uint32_t, std::size_t> group_of_;
+  std::uint64_t changes_ = 0;
+  bool made_ = false;
+};
+
+MemoryValidator::MemoryValidator(MemoryModelSet& model_set)
+    : model_set_(model_set), names_(std::make_unique<NameIndex>(model_set)) {}
+
+MemoryValidator::~MemoryValidator() = default;
+
+void MemoryValidator::Validate(MOXObject const& object) {
+  if (object.Model() != model_set_.GetModel() || !model_set_.Has(object.Id())) return;
+  CheckReferences(object);
+  CheckOwner(object);
+  CheckName(object);
+}
+
+void MemoryValidator::CheckReferences(MOXObject const& object) {
+  for (auto const& property : *model_set_.PropertiesOf(object.Id()))
+    VisitReferences(property.value, [&](std::uint32_t id) {
+      if (id == 0 || model_set_.Has(id)) return;
+      auto const* name = PropertyDisplayName(property.id);
+      Warn("BUILD-1", Called(model_set_, object) + ": " + (name ? name : "a property") +
+                          " refers to #" + std::to_string(id) + ", which does not exist.");
+    });
+}
+
+void MemoryValidator::CheckOwner(MOXObject const& object) {
+  MOXObject root;
+  model_set_.GetModel()->GetRootObject(root);
+  auto const owner = model_set_.OwnerOf(object.Id());
+  if (object.Id() == root.Id() || model_set_.Has(owner)) return;
+  Warn("BUILD-2", Called(model_set_, object) + " belongs to #" + std::to_string(owner) +
+                      ", which does not exist.");
+}
+
+void MemoryValidator::CheckName(MOXObject const& object) {
+  auto* const namesakes = names_->Find(object);
+  if (!namesakes || namesakes->count < 2 || namesakes->told) return;
+  namesakes->told = true;
+  auto const other = namesakes->first == object.Id() ? namesakes->second : namesakes->first;
+  Warn("BUILD-3", Called(model_set_, object) + " is one of " + std::to_string(namesakes->count) +
+                      " objects of that name, beside #" + std::to_string(other) + ".");
+}
+
+void MemoryValidator::Warn(char const* code, std::string message) {
+  long told = 0;
+  long held = 0;
+  long dropped = 0;
+  model_set_.GetAdvisoryChannel()->Publish(
+      MOXAdvisory(code, MOXAdvisory::eWarning, std::move(message)), told, held, dropped);
+}
+
+}  // namespace repora
