@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "repora/core/processor.h"
 #include "repora/model/item.h"
 #include "repora/model/memory_model.h"
+#include "repora/model/metamodel.h"
 
 namespace repora::test {
 
@@ -78,6 +80,20 @@ struct Job {
   RecordingWindow window;
   REPOracleProcessor processor;
 };
+
+// The item's properties by name: texts in quotes, references as ->id.
+inline std::string Properties(MOXActionSummaryItem const& item) {
+  std::set<std::string> parts;
+  for (auto const& [id, value] : item.Properties()) {
+    auto text = value.AsString(true);
+    if (value.Kind() == QELValue::eText) text = "'" + text + "'";
+    if (value.Kind() == QELValue::eShortId) text = "->" + text;
+    parts.insert(VocabularyName(id) + ("=" + text));
+  }
+  std::string all;
+  for (auto const& part : parts) all += (all.empty() ? "" : " ") + part;
+  return all;
+}
 
 inline std::string TextProperty(MOXActionSummaryItem const& item, MOXId property) {
   auto const* const value = item.Properties().Find(property);

@@ -1,46 +1,27 @@
 #include <functional>
 #include <memory>
-#include <set>
 #include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "repora/core/processor.h"
 #include "repora/model/codes.h"
-#include "repora/model/item.h"
-#include "repora/model/memory_model.h"
 #include "repora/storage/compression.h"
 #include "repora/storage/extents.h"
 #include "repora/storage/parallel.h"
 #include "repora/storage/physical_props.h"
 #include "repora/storage/segment_attributes.h"
+#include "tests/run_fixture.h"
 
 namespace {
 
 namespace codes = repora::codes;
 
-class Step final : public REPStatement {
- public:
-  explicit Step(std::function<void(REPProcessor*)> action) : action_(std::move(action)) {}
-  REPProcess_e Process(REPProcessor* processor) const override {
-    action_(processor);
-    return REPProcessOK;
-  }
-  std::string AsString() const override { return "step;"; }
-
- private:
-  std::function<void(REPProcessor*)> action_;
-};
-
 // Calls the action inside a run on a new model.
 void InRun(std::function<void(REPProcessor*)> const& action) {
-  repora::MemoryModelSet model;
-  REPOracleProcessor processor;
-  processor.SetModelSet(&model);
   bool called = false;
-  processor.AddStatement(new Step([&](auto* running) { action(running), called = true; }));
-  EXPECT_TRUE(processor.Process() && called);
+  repora::test::Job job;
+  EXPECT_TRUE(job.Run([&](REPProcessor& running) { action(&running), called = true; }) && called);
 }
 
 MOXActionSummaryItem* Add(REPProcessor* processor, MOXId type, char const* text) {
@@ -50,31 +31,7 @@ MOXActionSummaryItem* Add(REPProcessor* processor, MOXId type, char const* text)
   return item;
 }
 
-std::string PropertyName(MOXId id) {
-  switch (id) {
-#define REPORA_PROPERTY(name, ...) \
-  case repora::kProperty_##name:   \
-    return #name;
-#define REPORA_MOX_PROPERTY(name, ...) REPORA_PROPERTY(name)
-#include "repora/model/vocabulary.def"
-    default: return "?";
-  }
-}
-
-// The item's properties by name: texts in quotes, references as ->id.
-std::string Properties(MOXActionSummaryItem const& item) {
-  std::set<std::string> parts;
-  for (auto const& [id, value] : item.Properties()) {
-    auto text = value.AsString(true);
-    if (value.Kind() == QELValue::eText) text = "'" + text + "'";
-    if (value.Kind() == QELValue::eBoolean) text = value.Boolean() ? "true" : "false";
-    if (value.Kind() == QELValue::eShortId) text = "->" + std::to_string(value.ShortId());
-    parts.insert(PropertyName(id) + "=" + text);
-  }
-  std::string all;
-  for (auto const& part : parts) all += (all.empty() ? "" : " ") + part;
-  return all;
-}
+using repora::test::Properties;
 
 using Item = std::unique_ptr<MOXActionSummaryItem, void (*)(MOXActionSummaryItem*)>;
 Item NewItem() {
