@@ -189,7 +189,9 @@ PropertySet NewProperties(MOXActionSummaryItem const& item, BuildPlan const& pla
   auto properties = item.Properties();
   for (auto const& property : item.Properties())
     properties.Set(property.id, plan.Translated(property.value));
-  if (*item.Name() && !properties.Find(MOXTypes::pName))
+  auto const removed = item.RemovedProperties();
+  bool const is_unnamed = std::binary_search(removed.begin(), removed.end(), MOXTypes::pName);
+  if (*item.Name() && !is_unnamed && !properties.Find(MOXTypes::pName))
     properties.Set(MOXTypes::pName, QELValue(item.Name()));
   return properties;
 }
