@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "repora/core/name.h"
+#include "repora/core/sql_text.h"
 #include "repora/model/codes.h"
 
 namespace codes = repora::codes;
@@ -48,10 +49,12 @@ void REPDatatype::SetUserDef(REPName const* name) {
 
 std::string REPDatatype::CharLength(bool for_model) const {
   if (size_ == 0) return {};
-  auto const number = "(" + std::to_string(size_);
-  if (!for_model && char_type_ == REPChartype_e::Byte) return number + " BYTE)";
-  if (!for_model && char_type_ == REPChartype_e::Char) return number + " CHAR)";
-  return number + ")";
+  return repora::SqlText("(")
+      .Number(size_)
+      .AppendIf(!for_model && char_type_ == REPChartype_e::Byte, " BYTE")
+      .AppendIf(!for_model && char_type_ == REPChartype_e::Char, " CHAR")
+      .Append(")")
+      .Take();
 }
 
 std::string REPDatatype::AsString(long& model_id, bool for_model) const {
@@ -73,11 +76,11 @@ std::string REPDatatype::AsString(long& model_id, bool for_model) const {
     case REPDatatype_e::LongVarchar: return "LONG VARCHAR";
     case REPDatatype_e::Number: return std::string(NumericKeyword(num_type_));
     case REPDatatype_e::NumberSized: {
-      std::string text(NumericKeyword(num_type_));
-      if (precision_ == 0) return text;
-      text += "(" + std::to_string(precision_);
-      if (scale_ != 0) text += "," + std::to_string(scale_);
-      return text + ")";
+      repora::SqlText text(NumericKeyword(num_type_));
+      if (precision_ == 0) return text.Take();
+      text.Append("(").Number(precision_);
+      if (scale_ != 0) text.Append(",").Number(scale_);
+      return text.Append(")").Take();
     }
     case REPDatatype_e::BinaryFloat: return "BINARY_FLOAT";
     case REPDatatype_e::BinaryDouble: return "BINARY_DOUBLE";
