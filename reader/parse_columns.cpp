@@ -1,0 +1,195 @@
+#include "reader/parse_columns.h"
+
+#include "reader/parse_datatypes.h"
+#include "reader/parse_names.h"
+
+namespace repora::reader {
+namespace {
+
+bool AtListEnd(TokenStream const& in) {
+  return in.Is(',') || in.Is(')') || in.AtEnd();
+}
+
+void SkipToListEnd(TokenStream& in) {
+  while (!AtListEnd(in)) in.SkipItem();
+}
+
+// Whether an inline constraint comes.
+bool IsConstraint(TokenStream const& in) {
+  switch (in.Peek().word) {
+    case K_CONSTRAINT:
+    case K_NULL:
+    case K_UNIQUE:
+    case K_PRIMARY:
+    case K_CHECK:
+    case K_REFERENCES: return true;
+    case K_NOT: return in.Peek(1).word == K_NULL;
+    default: return false;
+  }
+}
+
+// Whether the next clause of a column comes, which ends the one before.
+bool IsColumnClause(TokenStream const& in) {
+  switch (in.Peek().word) {
+    case K_ANNOTATIONS:
+    case K_AS:
+    case K_DEFAULT:
+    case K_DOMAIN:
+    case K_ENCRYPT:
+    case K_GENERATED:
+    case K_INVISIBLE:
+    case K_RESERVABLE:
+    case K_SCOPE:
+    case K_SORT:
+    case K_VISIBLE: return true;
+    default: return IsConstraint(in);
+  }
+}
+
+// [CONSTRAINT name] {[NOT] NULL | UNIQUE | PRIMARY KEY | CHECK (...) | REFERENCES ...} [state]...
+void SkipInlineConstraint(TokenStream& in) {
+  in.Note(in.Peek(), "constraints are not read yet");
+  if (in.Accept(K_CONSTRAINT)) ParseName(in);
+  if (!in.Accept(K_NOT, K_NULL)) in.Next();
+  // The NULL of ON DELETE SET NULL is no constraint of its own.
+  while (!AtListEnd(in) && !IsColumnClause(in))
+    if (!in.Accept(K_SET, K_NULL)) in.SkipItem();
+}
+
+// CASE ... END
+void SkipCase(TokenStream& in) {
+  TokenStream::Level const level(in);
+  in.Expect(K_CASE);
+  while (!in.Accept(K_END)) {
+    if (AtListEnd(in)) in.Fail("END");
+    if (in.Is(K_CASE))
+      SkipCase(in);
+    else
+      in.SkipItem();
+  }
+}
+
+// An expression up to where the grammar of the column goes on.
+std::unique_ptr<REPExpr> ParseDefault(TokenStream& in) {
+  auto const mark = in.Mark();
+  bool operand_due = true;
+  while (!AtListEnd(in) && (operand_due || !IsColumnClause(in))) {
+    auto const& token = in.Peek();
+    operand_due = token.kind == TokenKind::Punctuation && token.punctuation != '(';
+    if (token.word == K_CASE)
+      SkipCase(in);
+    else
+      in.SkipItem();
+  }
+  if (operand_due) in.Fail("an expression");
+  return MakeExpression(in, mark);
+}
+
+// DEFAULT [ON NULL [FOR INSERT {ONLY | AND UPDATE}]] expression, behind its keyword
+void ParseDefaultClause(TokenStream& in, REPRelTableColumn& column) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_ON, K_NULL)) {
+    in.Note(token, "ON NULL of a default is skipped");
+    if (in.Accept(K_FOR, K_INSERT) && !in.Accept(K_AND, K_UPDATE)) in.Next();
+  }
+  std::unique_ptr<REPExpr> const replaced(column.GetExpression());
+  column.SetExpression(nullptr);
+  column.SetExpression(ParseDefault(in).release());
+}
+
+// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [(...)] | (expression) [VIRTUAL]}
+void SkipGenerated(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_GENERATED) && !in.Accept(K_ALWAYS)) {
+    in.Expect(K_BY, K_DEFAULT);
+    in.Accept(K_ON, K_NULL);
+  }
+  in.Expect(K_AS);
+  bool const identity = in.Accept(K_IDENTITY);
+  in.Note(token, identity ? "AS IDENTITY is skipped" : "expression of a virtual column is skipped");
+  if (!in.SkipParentheses() && !identity) in.Fail("'('");
+  in.Accept(K_VIRTUAL);
+}
+
+// A clause that a column object has no place for.
+void SkipColumnClause(TokenStream& in) {
+  auto const& clause = in.Next();
+  in.Note(clause, "clause " + std::string(TextOf(clause.word)) + " is skipped");
+  while (!AtListEnd(in) && !IsColumnClause(in)) in.SkipItem();
+}
+
+void ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
+  switch (in.Peek().word) {
+    case K_DEFAULT:
+      in.Next();
+      ParseDefaultClause(in, column);
+      break;
+    case K_SORT:
+      in.Next();
+      column.SetSort(true);
+      break;
+    case K_AS:
+    case K_GENERATED: SkipGenerated(in); break;
+    case K_COLLATE:
+    case K_WITH: SkipColumnClause(in); break;
+    default:
+      if (IsConstraint(in))
+        SkipInlineConstraint(in);
+      else if (IsColumnClause(in))
+        SkipColumnClause(in);
+      else
+        in.Fail("',' or ')'");
+  }
+}
+
+bool IsOutOfLineConstraint(TokenStream const& in) {
+  auto const second = in.Peek(1);
+  switch (in.Peek().word) {
+    case K_CONSTRAINT:
+      switch (in.Peek(2).word) {
+        case K_CHECK:
+        case K_FOREIGN:
+        case K_NOT:
+        case K_NULL:
+        case K_PRIMARY:
+        case K_REFERENCES:
+        case K_UNIQUE: return IsName(second);
+        default: return false;
+      }
+    case K_PRIMARY:
+    case K_FOREIGN: return second.word == K_KEY;
+    case K_UNIQUE:
+    case K_CHECK:
+    case K_REF: return second.punctuation == '(';
+    case K_SCOPE: return second.word == K_FOR;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+// name [datatype] [SORT] [DEFAULT expression] [constraint]...
+std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
+  auto column = std::make_unique<REPRelTableColumn>();
+  column->SetColumnName(ParseSimpleName(in).release());
+  // In a list before AS SELECT the datatype comes from the query.
+  if (!AtListEnd(in) && !IsColumnClause(in)) column->SetDatatype(ParseDatatype(in).release());
+  while (!AtListEnd(in)) ParseColumnClause(in, *column);
+  return column;
+}
+
+bool SkipOutOfLineClause(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (IsOutOfLineConstraint(in))
+    in.Note(token, "constraints are not read yet");
+  else if (in.Is(K_SUPPLEMENTAL, K_LOG))
+    in.Note(token, "SUPPLEMENTAL LOG is not read yet");
+  else if (in.Is(K_PERIOD, K_FOR))
+    in.Note(token, "clause PERIOD is skipped");
+  else
+    return false;
+  SkipToListEnd(in);
+  return true;
+}
+
+}  // namespace repora::reader

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+
+#include "reader/token_stream.h"
+#include "repora/tables/columns.h"
+
+namespace repora::reader {
+
+// One column of a table, up to the "," or ")" behind it.
+std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in);
+
+// A constraint, supplemental log group or period among the columns of a table: skipped with a note.
+// False when none comes.
+bool SkipOutOfLineClause(TokenStream& in);
+
+}  // namespace repora::reader

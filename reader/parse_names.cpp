@@ -1,0 +1,74 @@
+#include "reader/parse_names.h"
+
+namespace repora::reader {
+namespace {
+
+void AddSegment(TokenStream& in, REPName& name) {
+  auto const& token = in.Peek();
+  if (!IsName(token)) in.Fail("a name");
+  name.AddTail(in.Copy(in.TextOf(token)));
+  in.Next();
+}
+
+}  // namespace
+
+bool IsName(Token const& token) {
+  return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
+}
+
+std::unique_ptr<REPName> ParseName(TokenStream& in) {
+  auto name = ParseSimpleName(in);
+  while (in.Accept('.')) AddSegment(in, *name);
+  return name;
+}
+
+std::unique_ptr<REPName> ParseSimpleName(TokenStream& in) {
+  auto name = std::make_unique<REPName>();
+  AddSegment(in, *name);
+  return name;
+}
+
+std::unique_ptr<REPNameList> ParseNameList(TokenStream& in) {
+  auto names = std::make_unique<REPNameList>();
+  in.Expect('(');
+  do names->AddTail(ParseName(in).release());
+  while (in.Accept(','));
+  in.Expect(')');
+  return names;
+}
+
+std::unique_ptr<REPName> ParseDBLink(TokenStream& in) {
+  if (!in.Accept('@')) return nullptr;
+  auto link = ParseName(in);
+  if (in.Is('@')) {
+    in.Note(in.Peek(), "connection qualifier of a database link is skipped");
+    in.Next();
+    ParseSimpleName(in);
+  }
+  return link;
+}
+
+std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark) {
+  auto expression = std::make_unique<REPExpr>();
+  expression->SetExprValue(in.Copy(in.TextSince(mark)));
+  return expression;
+}
+
+bool AcceptOrReplace(TokenStream& in) {
+  return in.Accept(K_OR, K_REPLACE);
+}
+
+void SkipIfNotExists(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_IF, K_NOT, K_EXISTS)) in.Note(token, "IF NOT EXISTS is skipped");
+}
+
+void SkipSharing(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (!in.Accept(K_SHARING)) return;
+  in.Note(token, "clause SHARING is skipped");
+  in.Expect('=');
+  in.Next();
+}
+
+}  // namespace repora::reader

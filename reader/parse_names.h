@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+#include "reader/token_stream.h"
+#include "repora/core/expression.h"
+#include "repora/core/name.h"
+
+namespace repora::reader {
+
+// Whether a name comes: any word, or a quoted name.
+bool IsName(Token const& token);
+
+// name: {word | "quoted name"} [. ...]
+std::unique_ptr<REPName> ParseName(TokenStream& in);
+
+// A name without dots, such as that of a column.
+std::unique_ptr<REPName> ParseSimpleName(TokenStream& in);
+
+// ( name [, name]... )
+std::unique_ptr<REPNameList> ParseNameList(TokenStream& in);
+
+// [@ link[.domain]...]; null when there is none.
+std::unique_ptr<REPName> ParseDBLink(TokenStream& in);
+
+// The script's own text since a mark.
+std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark);
+
+// [OR REPLACE]; true when it is there.
+bool AcceptOrReplace(TokenStream& in);
+
+// [IF NOT EXISTS], which is skipped: a model does not know what exists.
+void SkipIfNotExists(TokenStream& in);
+
+// [SHARING = word], which is skipped.
+void SkipSharing(TokenStream& in);
+
+}  // namespace repora::reader

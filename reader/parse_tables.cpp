@@ -1,0 +1,315 @@
+#include <vector>
+
+#include "reader/parse_columns.h"
+#include "reader/parse_names.h"
+#include "reader/parse_statements.h"
+#include "reader/parse_storage.h"
+#include "repora/core/letters.h"
+#include "repora/tables/create_table.h"
+
+namespace repora::reader {
+namespace {
+
+// Clauses that may be written more than once, of which the last counts, until the table takes them.
+struct Clauses {
+  std::unique_ptr<REPSegmentAttributesClause> segment;
+  std::unique_ptr<REPSegmentAttributesClause> overflow;
+  std::unique_ptr<REPParallelClause> parallel;
+  std::unique_ptr<REPName> including;
+  std::unique_ptr<REPName> cluster;
+  std::unique_ptr<REPNameList> cluster_columns;
+  bool in_overflow = false;  // segment attributes that come belong to the overflow
+  bool has_query = false;
+};
+
+bool StartsSegmentAttribute(Word word) {
+  switch (word) {
+    case K_INITRANS:
+    case K_LOGGING:
+    case K_MAXTRANS:
+    case K_NOLOGGING:
+    case K_PCTFREE:
+    case K_PCTUSED:
+    case K_STORAGE:
+    case K_TABLESPACE: return true;
+    default: return false;
+  }
+}
+
+// [AS] {SELECT | WITH} ...; the library renders a query without AS.
+bool StartsQuery(Word word) {
+  return word == K_AS || word == K_SELECT || word == K_WITH;
+}
+
+// Words that start a clause behind the columns, and so end one that is skipped.
+bool StartsClause(Word word) {
+  switch (word) {
+    case K_CACHE:
+    case K_CLUSTER:
+    case K_COMPRESS:
+    case K_DISABLE:
+    case K_ENABLE:
+    case K_FLASHBACK:
+    case K_INCLUDING:
+    case K_INMEMORY:
+    case K_LOB:
+    case K_MAPPING:
+    case K_MONITORING:
+    case K_NESTED:
+    case K_NOCACHE:
+    case K_NOCOMPRESS:
+    case K_NOMAPPING:
+    case K_NOMONITORING:
+    case K_NOPARALLEL:
+    case K_NOROWDEPENDENCIES:
+    case K_ON:
+    case K_ORGANIZATION:
+    case K_OVERFLOW:
+    case K_PARALLEL:
+    case K_PARTITION:
+    case K_PCTTHRESHOLD:
+    case K_READ:
+    case K_ROWDEPENDENCIES:
+    case K_SEGMENT:
+    case K_VARRAY: return true;
+    default: return StartsQuery(word) || StartsSegmentAttribute(word);
+  }
+}
+
+// Words that start a statement: the ";" before it is missing.
+bool StartsStatement(Word word) {
+  return word == K_CREATE || word == K_ALTER || word == K_DROP || word == K_INSERT ||
+         word == K_GRANT;
+}
+
+// Takes the rest of a clause, which may hold segment attributes of an index of its own.
+void SkipRest(TokenStream& in, bool with_segment = false) {
+  while (!in.AtEnd() && !in.Is(')')) {
+    if (in.Accept(K_STORE, K_AS)) continue;
+    auto const word = in.Peek().word;
+    if (StartsStatement(word)) return;
+    if (StartsClause(word) && !(with_segment && StartsSegmentAttribute(word))) return;
+    in.SkipItem();
+  }
+}
+
+// ( {column | constraint | SUPPLEMENTAL LOG ...} [, ...] )
+void ParseColumns(TokenStream& in, REPCreateTable& table) {
+  std::vector<std::unique_ptr<REPRelTableColumn>> columns;
+  in.Expect('(');
+  do {
+    if (!SkipOutOfLineClause(in)) columns.push_back(ParseColumn(in));
+  } while (in.Accept(','));
+  if (!in.Accept(')')) in.Fail("',' or ')'");
+  for (auto column = columns.rbegin(); column != columns.rend(); ++column)
+    table.AddRelationalColumn(column->release());
+}
+
+// ON COMMIT {DELETE | PRESERVE} ROWS | ON COMMIT {DROP | PRESERVE} DEFINITION
+void ParseOnCommit(TokenStream& in, REPCreateTable& table) {
+  auto const& token = in.Next();
+  in.Expect(K_COMMIT);
+  auto const action = in.Next().word;
+  if (in.Accept(K_DEFINITION)) {
+    in.Note(token, "clause ON COMMIT DEFINITION is skipped");
+    return;
+  }
+  in.Expect(K_ROWS);
+  if (action == K_DELETE)
+    table.SetCommit(REPCommit_e::DeleteRows);
+  else if (action == K_PRESERVE)
+    table.SetCommit(REPCommit_e::PreserveRows);
+  else
+    throw SyntaxError(token.offset, "expected ON COMMIT DELETE ROWS or PRESERVE ROWS");
+}
+
+// ORGANIZATION {HEAP | INDEX | EXTERNAL (...) [REJECT LIMIT n]}
+void ParseOrganization(TokenStream& in, REPCreateTable& table) {
+  auto const& token = in.Next();
+  if (in.Accept(K_HEAP)) {
+    table.SetOrganization(REPOrganization_e::Heap);
+  } else if (in.Accept(K_INDEX)) {
+    table.SetOrganization(REPOrganization_e::Index);
+  } else if (in.Accept(K_EXTERNAL)) {
+    table.SetOrganization(REPOrganization_e::External);
+    if (in.SkipParentheses()) in.Note(token, "ORGANIZATION EXTERNAL (...) is not read yet");
+    if (in.Accept(K_REJECT, K_LIMIT)) in.Next();
+  } else {
+    in.Fail("HEAP, INDEX or EXTERNAL");
+  }
+}
+
+// COMPRESS [n | BASIC | ADVANCED ... | FOR ...] | NOCOMPRESS
+void ParseTableCompression(TokenStream& in, REPCreateTable& table) {
+  auto const compression = ParseCompression(in);
+  table.SetCompression(compression.compress);
+  table.SetCompressionSize(in.Copy(compression.size));
+  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return;
+  in.Note(in.Peek(), "kind of compression is skipped");
+  SkipRest(in);
+}
+
+// {ENABLE | DISABLE} ROW MOVEMENT | {ENABLE | DISABLE} constraint
+void ParseEnable(TokenStream& in, REPCreateTable& table) {
+  auto const& token = in.Next();
+  if (in.Accept(K_ROW, K_MOVEMENT)) {
+    table.SetRowMovement(token.word == K_ENABLE ? REPRowMovement_e::Enable
+                                                : REPRowMovement_e::Disable);
+    return;
+  }
+  in.Note(token, std::string(TextOf(token.word)) + " of constraints is not read yet");
+  SkipRest(in, true);
+}
+
+// CLUSTER name (columns)
+void ParseCluster(TokenStream& in, Clauses& clauses) {
+  in.Expect(K_CLUSTER);
+  clauses.cluster = ParseName(in);
+  clauses.cluster_columns = ParseNameList(in);
+}
+
+// Options that are one word.
+bool ParseTableOption(TokenStream& in, REPCreateTable& table) {
+  switch (in.Peek().word) {
+    case K_CACHE: table.SetCache(REPCache_e::Cache); break;
+    case K_NOCACHE: table.SetCache(REPCache_e::NoCache); break;
+    case K_MONITORING: table.SetMonitor(REPMonitor_e::On); break;
+    case K_NOMONITORING: table.SetMonitor(REPMonitor_e::Off); break;
+    case K_ROWDEPENDENCIES: table.SetRowDepend(REPRowDepend_e::RowDependencies); break;
+    case K_NOROWDEPENDENCIES: table.SetRowDepend(REPRowDepend_e::NoRowDependencies); break;
+    case K_NOMAPPING: table.SetMapping(REPMapping_e::NoMapping); break;
+    default: return false;
+  }
+  in.Next();
+  return true;
+}
+
+// Options of a table organized as an index, and of one in a cluster.
+bool ParseOrganizationOption(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
+  switch (in.Peek().word) {
+    case K_ORGANIZATION: ParseOrganization(in, table); break;
+    case K_CLUSTER: ParseCluster(in, clauses); break;
+    case K_MAPPING:
+      in.Expect(K_MAPPING, K_TABLE);
+      table.SetMapping(REPMapping_e::MappingTable);
+      break;
+    case K_PCTTHRESHOLD:
+      in.Next();
+      table.SetPctThreshold(in.Copy(in.ExpectNumber()));
+      break;
+    case K_INCLUDING:
+      in.Next();
+      clauses.including = ParseName(in);
+      break;
+    case K_OVERFLOW:
+      in.Next();
+      table.SetIndexOverflow(true);
+      clauses.in_overflow = true;
+      break;
+    default: return false;
+  }
+  return true;
+}
+
+// A clause that the table has no place for, or none yet.
+void SkipTableClause(TokenStream& in) {
+  auto const& token = in.Peek();
+  auto const note = [&]() -> std::string {
+    if (StartsQuery(token.word)) return "AS SELECT is not read yet";
+    switch (token.word) {
+      case K_PARTITION: return "PARTITION BY is not read yet";
+      case K_LOB: return "LOB storage is not read yet";
+      case K_COLUMN:
+      case K_NESTED:
+      case K_VARRAY:
+      case K_XMLTYPE: return "column properties are not read yet";
+      case K_SEGMENT: return "clause SEGMENT CREATION is skipped";
+      case K_READ: return "clause READ ONLY is skipped";
+      default: return "clause " + ToUpper(in.TextOf(token)) + " is skipped";
+    }
+  };
+  if (token.kind != TokenKind::Word || StartsStatement(token.word))
+    in.Fail("the end of the statement");
+  in.Note(token, note());
+  if (StartsQuery(token.word))
+    while (!in.AtEnd()) in.SkipItem();
+  in.Next();
+  SkipRest(in);
+}
+
+void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
+  auto const word = in.Peek().word;
+  if (StartsSegmentAttribute(word)) {
+    auto& segment = clauses.in_overflow ? clauses.overflow : clauses.segment;
+    if (!segment) segment = std::make_unique<REPSegmentAttributesClause>();
+    ParseSegmentAttribute(in, *segment);
+    return;
+  }
+  clauses.in_overflow = false;
+  if (word == K_ON) {
+    ParseOnCommit(in, table);
+  } else if (word == K_COMPRESS || word == K_NOCOMPRESS) {
+    ParseTableCompression(in, table);
+  } else if (in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) {
+    // COMPRESS follows, and says it all.
+  } else if (word == K_ENABLE || word == K_DISABLE) {
+    ParseEnable(in, table);
+  } else if (auto parallel = ParseParallel(in)) {
+    clauses.parallel = std::move(parallel);
+  } else if (!ParseTableOption(in, table) && !ParseOrganizationOption(in, table, clauses)) {
+    clauses.has_query = clauses.has_query || StartsQuery(word);
+    SkipTableClause(in);
+  }
+}
+
+// CREATE [GLOBAL TEMPORARY | other kind] TABLE, of which the other kinds are skipped
+void ParseTableKind(TokenStream& in, REPCreateTable& table) {
+  in.Expect(K_CREATE);
+  if (in.Accept(K_GLOBAL, K_TEMPORARY)) table.SetGlobalTemp(true);
+  while (in.Peek().kind == TokenKind::Word && !in.Is(K_TABLE)) {
+    auto const& token = in.Next();
+    in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
+  }
+  in.Expect(K_TABLE);
+}
+
+// OF type ...: the rows of the table are objects, which a model does not hold
+void SkipObjectTable(TokenStream& in, REPCreateTable& table) {
+  auto const& token = in.Next();
+  auto const type = ParseName(in);
+  bool const xml = EqualsIgnoringCase(type->GetName(false), "XMLTYPE");
+  table.SetTableType(xml ? REPTableType_e::XmlType : REPTableType_e::Object);
+  in.Note(token, "definition of an object table is skipped");
+  while (!in.AtEnd()) in.SkipItem();
+}
+
+}  // namespace
+
+// CREATE [GLOBAL TEMPORARY] TABLE [IF NOT EXISTS] name {[(columns)] | OF type} [table clause]...
+std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
+  auto table = std::make_unique<REPCreateTable>();
+  table->SetStatementType(REPStatement_e::CreateTable);
+  table->SetTableType(REPTableType_e::Relational);
+  ParseTableKind(in, *table);
+  SkipIfNotExists(in);
+  table->SetTableName(ParseName(in).release());
+  SkipSharing(in);
+  if (in.Is(K_OF)) {
+    SkipObjectTable(in, *table);
+    return table;
+  }
+  Clauses clauses;
+  bool const has_columns = in.Is('(');
+  if (has_columns) ParseColumns(in, *table);
+  while (!in.AtEnd()) ParseTableClause(in, *table, clauses);
+  if (!has_columns && !clauses.has_query) in.Fail("'(' or AS");
+  table->SetSegmentAttributes(clauses.segment.release());
+  table->SetOverflowSegmentAttributes(clauses.overflow.release());
+  table->SetParallelClause(clauses.parallel.release());
+  table->SetIncludingColumn(clauses.including.release());
+  table->SetClusterName(clauses.cluster.release());
+  table->SetClusterColumns(clauses.cluster_columns.release());
+  return table;
+}
+
+}  // namespace repora::reader

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class REPStatement;
+
+// Turns the text of a script into statement objects.
+namespace repora::reader {
+
+// A place in a script, both counted from 1; a column is a character, with a byte that is not valid
+// UTF-8 counting as one.
+struct Position {
+  std::size_t line = 1;
+  std::size_t column = 1;
+};
+
+// The text of one script under the name that messages give it, without the byte order mark of a
+// UTF-8 text. Positions are worked out when they are asked for, and not by two threads at a time.
+class Source {
+ public:
+  Source(std::string name, std::string text);
+  std::string const& Name() const { return name_; }
+  std::string_view Text() const { return text_; }
+  Position PositionOf(std::size_t offset) const;
+  // The line that holds the offset, without its line end.
+  std::string_view LineAt(std::size_t offset) const;
+
+ private:
+  // The start of the line that holds an offset; its number is left in line_.
+  std::size_t LineStart(std::size_t offset) const;
+
+  std::string name_;
+  std::string text_;
+  mutable std::vector<std::size_t> lines_;  // where they start; empty until somebody asks
+  mutable std::size_t line_ = 1;
+  // The place asked for last.
+  mutable std::size_t column_offset_ = 0;
+  mutable std::size_t column_ = 1;
+};
+
+enum class DiagnosticKind {
+  Syntax,  // a statement or a part of it could not be read
+  Note,    // something was skipped, and the rest is kept
+};
+
+struct Diagnostic {
+  DiagnosticKind kind = DiagnosticKind::Syntax;
+  std::size_t source = 0;     // index into ReadResult::sources
+  std::size_t offset = 0;     // in that source
+  std::size_t statement = 0;  // number of the read statement it belongs to, from 1; 0: none
+  std::string text;
+};
+
+struct ReadStatement {
+  std::unique_ptr<REPStatement> object;
+  std::size_t source = 0;
+  std::size_t offset = 0;  // of the statement's first word
+};
+
+struct ReadResult {
+  std::vector<std::unique_ptr<Source>> sources;  // the scripts and the files they include
+  std::vector<ReadStatement> statements;
+  std::vector<Diagnostic> diagnostics;  // in the order of the text
+  std::size_t unread = 0;               // statements with a syntax error, or not read yet
+  std::size_t outside = 0;              // statements that have no place in a data model
+};
+
+struct ReadOptions {
+  std::map<std::string, std::string> defines;  // substitution variables, names in upper case
+  // The text of an included file (@name, or @@name with the including script's name as the second
+  // argument, which is empty otherwise); nothing when it cannot be read. Null: includes are noted.
+  struct Included {
+    std::string name;
+    std::string text;
+  };
+  std::function<std::optional<Included>(std::string const& name, std::string const& beside)>
+      include;
+  std::atomic<bool> const* stop = nullptr;  // when it turns true, reading ends after a statement
+};
+
+// Reads one script, appending to the result. Never throws for what a script holds; DEFINE commands
+// of the script add to the variables for the scripts read after it.
+void ReadScript(std::string name, std::string text, ReadOptions& options, ReadResult& result);
+
+}  // namespace repora::reader

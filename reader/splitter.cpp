@@ -1,0 +1,195 @@
+#include "reader/splitter.h"
+
+#include "reader/characters.h"
+
+namespace repora::reader {
+namespace {
+
+// Tokens of a statement that is not read which are kept all the same: they name it.
+constexpr std::size_t kTokensOfName = 24;
+
+// More than the words that tell the kind of a statement take.
+constexpr std::size_t kBytesOfKind = 1000;
+
+}  // namespace
+
+Section Splitter::Next() {
+  Section section;
+  for (;;) {
+    auto const first = lexer_.Next();
+    if (first.kind == TokenKind::End) return section;
+    if (first.punctuation == ';') continue;
+    if ((first.punctuation == '/' || first.punctuation == '.') && IsLoneOnLine(first)) continue;
+    section.start = first.offset;
+    section.fault.offset = first.offset;
+    if (!ReadCommand(first, section)) ReadStatement(first, section);
+    return section;
+  }
+}
+
+bool Splitter::ReadCommand(Token const& first, Section& section) {
+  if (first.kind != TokenKind::Word && first.punctuation != '@' && first.punctuation != '!')
+    return false;
+  if (first.word == K_CREATE || first.word == K_ALTER || first.word == K_INSERT) return false;
+  auto const word = TextAt(first);
+  section.command = FindCommand(word);
+  if (section.command == CommandKind::None) return false;
+  if (section.command == CommandKind::Set) {
+    auto const start = lexer_.Offset();
+    auto const option = lexer_.Next().word;
+    lexer_.MoveTo(start);
+    if (option == K_ROLE || option == K_TRANSACTION || option == K_CONSTRAINT ||
+        option == K_CONSTRAINTS)
+      return false;
+  }
+  if (word == "@" && text_.substr(first.offset).starts_with("@@"))
+    section.command = CommandKind::IncludeBeside;
+  section.kind = Section::Kind::Command;
+  section.end = section.stop = CommandEnd(text_, first.offset, section.command);
+  lexer_.MoveTo(section.end);
+  return true;
+}
+
+void Splitter::ReadStatement(Token const& first, Section& section) {
+  section.kind = Section::Kind::Statement;
+  tokens_.clear();
+  finder_.Clear();
+  blocks_.Clear();
+  auto extent = Extent::Sql;
+  bool finding = true;
+  bool keep_all = false;
+  auto last_end = first.offset;
+  for (auto token = first;; token = lexer_.Next()) {
+    if (finding && !finder_.Take(token)) {
+      finding = false;
+      if (auto const* const kind = finder_.Kind()) {
+        extent = kind->extent;
+        keep_all = kind->parse != nullptr;
+      }
+      // The words that told the kind open what a PL/SQL unit closes.
+      if (extent == Extent::Plsql)
+        for (auto const& taken : tokens_) blocks_.Take(taken);
+    }
+    if (token.kind == TokenKind::End) break;
+    if (token.kind == TokenKind::Fault) {
+      bool const stray = token.fault() == LexicalFault::StrayByte;
+      if (section.fault.kind == TokenKind::End && (!stray || keep_all || !finder_.Kind()))
+        section.fault = token;
+      if (token.fault() == LexicalFault::OpenString) {
+        lexer_.MoveTo(FindRestart(token.offset));
+        last_end = static_cast<std::uint32_t>(lexer_.Offset());
+        break;
+      }
+    }
+    if (EndsStatement(token, extent)) {
+      // The ";" behind an END belongs to the unit.
+      if (extent == Extent::Plsql && token.punctuation == ';') last_end = token.end();
+      break;
+    }
+    if (keep_all || tokens_.size() < kTokensOfName) tokens_.push_back(token);
+    last_end = token.end();
+    if (!finding && extent == Extent::Source && token.word == K_AS) {
+      SkipSource();
+      last_end = static_cast<std::uint32_t>(lexer_.Offset());
+      break;
+    }
+  }
+  if (keep_all && section.fault.kind == TokenKind::End) section.fault = FindNul(first, last_end);
+  section.statement = finder_.Kind();
+  section.tokens_of_kind = finder_.TokensOfKind();
+  section.end = last_end;
+  section.stop = lexer_.Offset();
+  Token end;
+  end.offset = last_end;
+  tokens_.push_back(end);
+}
+
+// A NUL byte in a string or comment: the texts of the object model end at one, so a statement that
+// holds one cannot be kept.
+Token Splitter::FindNul(Token const& first, std::size_t end) const {
+  Token fault;
+  auto const nul = has_nul_ ? text_.substr(0, end).find('\0', first.offset) : text_.npos;
+  fault.offset = first.offset;
+  if (nul == text_.npos) return fault;
+  fault.offset = static_cast<std::uint32_t>(nul);
+  fault.length = 1;
+  fault.kind = TokenKind::Fault;
+  fault.punctuation = static_cast<char>(LexicalFault::StrayByte);
+  return fault;
+}
+
+bool Splitter::EndsStatement(Token const& token, Extent extent) {
+  if (token.punctuation == '/') return IsLoneOnLine(token);
+  if (extent != Extent::Plsql) return token.punctuation == ';';
+  if (token.punctuation == '.') return IsLoneOnLine(token);
+  bool const closed = blocks_.Take(token);
+  if (token.punctuation != ';') return false;
+  auto const start = lexer_.Offset();
+  auto const next = lexer_.Next();
+  lexer_.MoveTo(start);
+  // A statement that starts with CREATE has no place in a unit, which was left unfinished then.
+  return (closed || next.word == K_CREATE) && StartsSection(next.offset);
+}
+
+// Whether what stands at an offset can be the start of the next statement, and is not the rest of a
+// unit whose nesting was misjudged.
+bool Splitter::StartsSection(std::size_t offset) const {
+  // A few words tell, and what is open behind them must not be searched to the end of the text.
+  Lexer lexer(text_.substr(0, offset + kBytesOfKind));
+  lexer.MoveTo(offset);
+  KindFinder finder;
+  for (bool first = true;; first = false) {
+    auto const token = lexer.Next();
+    if (first) {
+      if (token.kind == TokenKind::End) return true;
+      if (token.kind == TokenKind::Fault) return token.fault() == LexicalFault::OpenComment;
+      if ((token.punctuation == '/' || token.punctuation == '.') && IsLoneOnLine(token))
+        return true;
+      if (token.punctuation == '@' || token.punctuation == '!') return true;
+      if (token.kind == TokenKind::Word && FindCommand(TextAt(token)) != CommandKind::None)
+        return true;
+    }
+    if (!finder.Take(token)) return finder.Kind() != nullptr;
+  }
+}
+
+bool Splitter::IsLoneOnLine(Token const& token) const {
+  std::size_t before = token.offset;
+  while (before > 0 && IsBlank(text_[before - 1])) --before;
+  if (before > 0 && !IsLineEnd(text_[before - 1])) return false;
+  std::size_t after = token.end();
+  while (after < text_.size() && IsBlank(text_[after])) ++after;
+  return after == text_.size() || IsLineEnd(text_[after]);
+}
+
+// Moves to the "/" line behind foreign source text, or to the end.
+void Splitter::SkipSource() {
+  auto offset = lexer_.Offset();
+  while ((offset = text_.find('/', offset)) != std::string_view::npos) {
+    Token slash;
+    slash.offset = static_cast<std::uint32_t>(offset);
+    slash.length = 1;
+    if (IsLoneOnLine(slash)) break;
+    ++offset;
+  }
+  lexer_.MoveTo(offset == std::string_view::npos ? text_.size() : offset);
+}
+
+// Where to go on behind a string that is never closed: at the first line that starts a statement
+// behind one that ends with ";" or is a "/". The end of the text when there is none.
+std::size_t Splitter::FindRestart(std::size_t offset) const {
+  bool ended = false;
+  while (offset < text_.size()) {
+    auto const end = LineEnd(text_, offset);
+    auto line = text_.substr(offset, end - offset);
+    while (!line.empty() && IsBlank(line.back())) line.remove_suffix(1);
+    if (!line.empty()) {
+      if (ended && StartsSection(offset)) return offset;
+      ended = line.ends_with(';') || line == "/";
+    }
+    offset = end + 1;
+  }
+  return text_.size();
+}
+
+}  // namespace repora::reader

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "reader/lexer.h"
+#include "reader/plsql_blocks.h"
+#include "reader/sqlplus_commands.h"
+#include "reader/statement_kinds.h"
+
+namespace repora::reader {
+
+// What comes next in a script.
+struct Section {
+  enum class Kind { End, Command, Statement } kind = Kind::End;
+  std::size_t start = 0;  // of the first token
+  std::size_t end = 0;    // behind the last one, and before what ends the statement
+  std::size_t stop = 0;   // behind the ";" or "/" that ends it
+  CommandKind command = CommandKind::None;
+  StatementKind const* statement = nullptr;  // null: starts as no statement does
+  std::size_t tokens_of_kind = 0;            // see KindFinder::TokensOfKind
+  Token fault;  // the first thing that is no token, where that matters; else an End
+};
+
+// Cuts a script into statements and commands as SQL*Plus does. It looks at the first words of a
+// statement only to know how that one ends.
+class Splitter {
+ public:
+  explicit Splitter(std::string_view text)
+      : text_(text), has_nul_(text.find('\0') != text.npos), lexer_(text) {}
+
+  // The next section. Throws nothing.
+  Section Next();
+
+  // The tokens of the last statement, with an End behind them: all of them if it can be read, else
+  // those of its beginning.
+  std::vector<Token> const& Tokens() const { return tokens_; }
+
+ private:
+  bool ReadCommand(Token const& first, Section& section);
+  void ReadStatement(Token const& first, Section& section);
+  Token FindNul(Token const& first, std::size_t end) const;
+  bool EndsStatement(Token const& token, Extent extent);
+  bool StartsSection(std::size_t offset) const;
+  bool IsLoneOnLine(Token const& token) const;
+  void SkipSource();
+  std::size_t FindRestart(std::size_t offset) const;
+  std::string_view TextAt(Token const& token) const {
+    return text_.substr(token.offset, token.length);
+  }
+
+  std::string_view text_;
+  bool has_nul_;
+  Lexer lexer_;
+  PlsqlBlocks blocks_;
+  KindFinder finder_;
+  std::vector<Token> tokens_;
+};
+
+}  // namespace repora::reader

@@ -1,0 +1,246 @@
+#include "reader/statement_kinds.h"
+
+#include <algorithm>
+
+namespace repora::reader {
+namespace {
+
+using Words = std::array<Word, 4>;
+
+constexpr StatementKind Read(Words words, ParseFunction parse, Extent extent = Extent::Sql) {
+  return {words, StatementKind::Fate::Model, extent, parse};
+}
+constexpr StatementKind NotYet(Words words, Extent extent = Extent::Sql) {
+  return {words, StatementKind::Fate::Model, extent, nullptr};
+}
+constexpr StatementKind Outside(Words words, Extent extent = Extent::Sql) {
+  return {words, StatementKind::Fate::Outside, extent, nullptr};
+}
+
+// All kinds, those with the same first words together, a longer one behind its beginning.
+constexpr StatementKind kKinds[] = {
+    Read({K_CREATE, K_TABLE}, ParseCreateTable),
+    NotYet({K_CREATE, K_TABLESPACE}),
+    NotYet({K_CREATE, K_INDEX}),
+    NotYet({K_CREATE, K_INDEXTYPE}),
+    NotYet({K_CREATE, K_VIEW}),
+    NotYet({K_CREATE, K_MATERIALIZED, K_VIEW}),
+    NotYet({K_CREATE, K_MATERIALIZED, K_VIEW, K_LOG}),
+    Outside({K_CREATE, K_MATERIALIZED, K_ZONEMAP}),
+    Read({K_CREATE, K_SEQUENCE}, ParseCreateSequence),
+    Read({K_CREATE, K_SYNONYM}, ParseCreateSynonym),
+    NotYet({K_CREATE, K_TRIGGER}, Extent::Plsql),
+    NotYet({K_CREATE, K_PROCEDURE}, Extent::Plsql),
+    NotYet({K_CREATE, K_FUNCTION}, Extent::Plsql),
+    NotYet({K_CREATE, K_PACKAGE}, Extent::Plsql),
+    NotYet({K_CREATE, K_PACKAGE, K_BODY}, Extent::Plsql),
+    NotYet({K_CREATE, K_TYPE}),
+    NotYet({K_CREATE, K_TYPE, K_BODY}, Extent::Plsql),
+    NotYet({K_CREATE, K_LIBRARY}),
+    NotYet({K_CREATE, K_JAVA}, Extent::Source),
+    Outside({K_CREATE, K_MLE, K_MODULE}, Extent::Source),
+    Outside({K_CREATE, K_MLE, K_ENV}),
+    NotYet({K_CREATE, K_OPERATOR}),
+    NotYet({K_CREATE, K_OUTLINE}),
+    NotYet({K_CREATE, K_SCHEMA}),
+    NotYet({K_CREATE, K_DIMENSION}),
+    NotYet({K_CREATE, K_USER}),
+    NotYet({K_CREATE, K_ROLE}),
+    NotYet({K_CREATE, K_PROFILE}),
+    NotYet({K_CREATE, K_CONTEXT}),
+    NotYet({K_CREATE, K_DIRECTORY}),
+    NotYet({K_CREATE, K_DATABASE}),
+    NotYet({K_CREATE, K_DATABASE, K_LINK}),
+    NotYet({K_CREATE, K_CONTROLFILE}),
+    NotYet({K_CREATE, K_PFILE}),
+    NotYet({K_CREATE, K_SPFILE}),
+    NotYet({K_CREATE, K_CLUSTER}),
+    NotYet({K_CREATE, K_ROLLBACK, K_SEGMENT}),
+    NotYet({K_CREATE, K_DISKGROUP}),
+    Outside({K_CREATE, K_PLUGGABLE, K_DATABASE}),
+    Outside({K_CREATE, K_AUDIT, K_POLICY}),
+    Outside({K_CREATE, K_EDITION}),
+    Outside({K_CREATE, K_FLASHBACK}),
+    Outside({K_CREATE, K_RESTORE, K_POINT}),
+    Outside({K_CREATE, K_ANALYTIC, K_VIEW}),
+    Outside({K_CREATE, K_ATTRIBUTE, K_DIMENSION}),
+    Outside({K_CREATE, K_HIERARCHY}),
+    Outside({K_CREATE, K_INMEMORY}),
+    Outside({K_CREATE, K_LOCKDOWN, K_PROFILE}),
+    Outside({K_CREATE, K_PROPERTY, K_GRAPH}),
+    Outside({K_CREATE, K_DOMAIN}),
+
+    NotYet({K_ALTER, K_TABLE}),
+    NotYet({K_ALTER, K_TABLESPACE}),
+    NotYet({K_ALTER, K_INDEX}),
+    NotYet({K_ALTER, K_INDEXTYPE}),
+    NotYet({K_ALTER, K_VIEW}),
+    NotYet({K_ALTER, K_MATERIALIZED, K_VIEW}),
+    NotYet({K_ALTER, K_MATERIALIZED, K_VIEW, K_LOG}),
+    Outside({K_ALTER, K_MATERIALIZED, K_ZONEMAP}),
+    Read({K_ALTER, K_SEQUENCE}, ParseAlterSequence),
+    NotYet({K_ALTER, K_TRIGGER}),
+    NotYet({K_ALTER, K_PROCEDURE}),
+    NotYet({K_ALTER, K_FUNCTION}),
+    NotYet({K_ALTER, K_PACKAGE}),
+    NotYet({K_ALTER, K_TYPE}),
+    NotYet({K_ALTER, K_JAVA}),
+    NotYet({K_ALTER, K_OPERATOR}),
+    NotYet({K_ALTER, K_OUTLINE}),
+    NotYet({K_ALTER, K_DIMENSION}),
+    NotYet({K_ALTER, K_USER}),
+    NotYet({K_ALTER, K_PROFILE}),
+    NotYet({K_ALTER, K_DATABASE}),
+    Outside({K_ALTER, K_DATABASE, K_LINK}),
+    NotYet({K_ALTER, K_CLUSTER}),
+    NotYet({K_ALTER, K_ROLLBACK, K_SEGMENT}),
+    NotYet({K_ALTER, K_DISKGROUP}),
+    Outside({K_ALTER, K_SESSION}),
+    Outside({K_ALTER, K_SYSTEM}),
+    Outside({K_ALTER, K_SYNONYM}),
+    Outside({K_ALTER, K_ROLE}),
+    Outside({K_ALTER, K_LIBRARY}),
+    Outside({K_ALTER, K_PLUGGABLE, K_DATABASE}),
+    Outside({K_ALTER, K_AUDIT, K_POLICY}),
+    Outside({K_ALTER, K_FLASHBACK}),
+    Outside({K_ALTER, K_RESOURCE}),
+    Outside({K_ALTER, K_ANALYTIC, K_VIEW}),
+    Outside({K_ALTER, K_ATTRIBUTE, K_DIMENSION}),
+    Outside({K_ALTER, K_HIERARCHY}),
+    Outside({K_ALTER, K_INMEMORY}),
+    Outside({K_ALTER, K_LOCKDOWN, K_PROFILE}),
+    Outside({K_ALTER, K_PROPERTY, K_GRAPH}),
+    Outside({K_ALTER, K_DOMAIN}),
+
+    NotYet({K_COMMENT}),
+
+    Outside({K_INSERT}),
+    Outside({K_UPDATE}),
+    Outside({K_DELETE}),
+    Outside({K_MERGE}),
+    Outside({K_SELECT}),
+    Outside({K_WITH}),
+    Outside({K_WITH, K_FUNCTION}, Extent::Plsql),
+    Outside({K_WITH, K_PROCEDURE}, Extent::Plsql),
+    Outside({K_GRANT}),
+    Outside({K_REVOKE}),
+    Outside({K_DROP}),
+    Outside({K_TRUNCATE}),
+    Outside({K_RENAME}),
+    Outside({K_PURGE}),
+    Outside({K_FLASHBACK}),
+    Outside({K_COMMIT}),
+    Outside({K_ROLLBACK}),
+    Outside({K_SAVEPOINT}),
+    Outside({K_LOCK, K_TABLE}),
+    Outside({K_ANALYZE}),
+    Outside({K_ASSOCIATE}),
+    Outside({K_DISASSOCIATE}),
+    Outside({K_EXPLAIN, K_PLAN}),
+    Outside({K_CALL}),
+    Outside({K_AUDIT}),
+    Outside({K_NOAUDIT}),
+    Outside({K_ADMINISTER}),
+    Outside({K_SET, K_ROLE}),
+    Outside({K_SET, K_TRANSACTION}),
+    Outside({K_SET, K_CONSTRAINT}),
+    Outside({K_SET, K_CONSTRAINTS}),
+    Outside({K_DECLARE}, Extent::Plsql),
+    Outside({K_BEGIN}, Extent::Plsql),
+};
+
+// A block may start with a label.
+constexpr StatementKind kLabelledBlock = Outside({K_BEGIN}, Extent::Plsql);
+
+// Words between CREATE or ALTER and what is created.
+bool IsModifier(Word word) {
+  switch (word) {
+    case K_AND:
+    case K_BIGFILE:
+    case K_BITMAP:
+    case K_BLOCKCHAIN:
+    case K_COLLECTION:
+    case K_COMPILE:
+    case K_DUALITY:
+    case K_DUPLICATED:
+    case K_EDITIONABLE:
+    case K_EDITIONING:
+    case K_FORCE:
+    case K_GLOBAL:
+    case K_HYBRID:
+    case K_IMMUTABLE:
+    case K_JSON:
+    case K_MULTIVALUE:
+    case K_NO:
+    case K_NOFORCE:
+    case K_NONEDITIONABLE:
+    case K_OR:
+    case K_PRIVATE:
+    case K_PUBLIC:
+    case K_RELATIONAL:
+    case K_REPLACE:
+    case K_RESOLVE:
+    case K_SHARDED:
+    case K_SHARED:
+    case K_SMALLFILE:
+    case K_TEMPORARY:
+    case K_UNDO:
+    case K_UNIQUE:
+    case K_VECTOR: return true;
+    default: return false;
+  }
+}
+
+constexpr std::size_t kMostModifiers = 12;
+
+}  // namespace
+
+std::string StatementKind::Name() const {
+  if (words[0] == K_BEGIN || words[0] == K_DECLARE) return "PL/SQL block";
+  if (words[0] == K_WITH) return "SELECT";
+  std::string name;
+  for (auto const word : words) {
+    if (word == K_NONE) break;
+    if (!name.empty()) name += ' ';
+    name += TextOf(word);
+  }
+  return name;
+}
+
+bool KindFinder::Take(Token const& token) {
+  ++tokens_;
+  if (words_ == 0) {
+    if (token.punctuation == '(') return true;  // (SELECT ...
+    if (token.punctuation == kLabelStart) {
+      kind_ = &kLabelledBlock;
+      return false;
+    }
+    first_ = std::begin(kKinds);
+    last_ = std::end(kKinds);
+    return token.word != K_NONE && Extend(token.word);
+  }
+  auto const verb = first_->words[0];
+  if (words_ == 1 && (verb == K_CREATE || verb == K_ALTER) && IsModifier(token.word))
+    return tokens_ < kMostModifiers;
+  return token.word != K_NONE && Extend(token.word);
+}
+
+// Narrows the kinds down to those that go on with the word; true when there is more to find out.
+bool KindFinder::Extend(Word word) {
+  auto const first = std::find_if(
+      first_, last_, [&](StatementKind const& kind) { return kind.words[words_] == word; });
+  auto const last = std::find_if(
+      first, last_, [&](StatementKind const& kind) { return kind.words[words_] != word; });
+  if (first == last) return false;
+  first_ = first;
+  last_ = last;
+  ++words_;
+  bool const whole = words_ == first->words.size() || first->words[words_] == K_NONE;
+  if (whole) {
+    kind_ = first;
+    tokens_of_kind_ = tokens_;
+  }
+  return !whole || last - first > 1;
+}
+
+}  // namespace repora::reader

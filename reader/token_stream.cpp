@@ -1,0 +1,115 @@
+#include "reader/token_stream.h"
+
+#include <algorithm>
+
+namespace repora::reader {
+namespace {
+
+constexpr std::size_t kDeepest = 1000;
+constexpr std::size_t kLongestQuote = 40;
+constexpr std::size_t kMostNotes = 100;  // of different texts, in one statement
+
+std::string Quote(char punctuation) {
+  return {'\'', punctuation, '\''};
+}
+
+}  // namespace
+
+void TokenStream::Expect(char punctuation) {
+  if (!Accept(punctuation)) Fail(Quote(punctuation));
+}
+
+void TokenStream::ExpectWord(Word word) {
+  if (!Accept(word)) Fail(reader::TextOf(word));
+}
+
+std::string_view TokenStream::ExpectNumber() {
+  auto const mark = Mark();
+  if (Is('-') || Is('+')) Next();
+  auto const& token = Peek();
+  // A substitution variable without a value stands for a number as for anything else.
+  bool const variable =
+      token.kind == TokenKind::Word && TextOf(token).find('&') != std::string_view::npos;
+  if (token.kind != TokenKind::Number && !variable) Fail("a number");
+  Next();
+  return TextSince(mark);
+}
+
+std::string TokenStream::Describe(Token const& token) const {
+  if (token.kind == TokenKind::End) return "the end of the statement";
+  auto text = TextOf(token);
+  text = text.substr(0, text.find_first_of("\r\n"));
+  bool const whole = text.size() == token.length && text.size() <= kLongestQuote;
+  if (!whole) {
+    text = text.substr(0, kLongestQuote);
+    // Not in the midst of a character.
+    while (!text.empty() && text.size() < token.length &&
+           (static_cast<unsigned char>(text_[token.offset + text.size()]) & 0xC0U) == 0x80)
+      text.remove_suffix(1);
+  }
+  std::string const dots(whole ? "" : "...");
+  if (token.kind == TokenKind::String) return "the string " + std::string(text) + dots;
+  return "'" + std::string(text) + dots + "'";
+}
+
+Token const* TokenStream::FindOpenParenthesis() const {
+  std::vector<Token const*> open;
+  for (auto const& token : tokens_) {
+    if (token.punctuation == '(') open.push_back(&token);
+    if (token.punctuation == ')' && !open.empty()) open.pop_back();
+  }
+  return open.empty() ? nullptr : open.front();
+}
+
+void TokenStream::Fail(std::string_view expected) const {
+  auto const& token = Peek();
+  if (token.kind == TokenKind::End)
+    if (auto const* const open = FindOpenParenthesis())
+      throw SyntaxError(open->offset, "parenthesis is not closed");
+  throw SyntaxError(token.offset,
+                    "expected " + std::string(expected) + ", found " + Describe(token));
+}
+
+std::string_view TokenStream::TextSince(std::size_t mark) const {
+  auto const next = std::min(next_, tokens_.size() - 1);
+  if (mark >= next) return {};
+  auto const start = tokens_[mark].offset;
+  return text_.substr(start, tokens_[next - 1].end() - start);
+}
+
+bool TokenStream::SkipParentheses() {
+  if (!Is('(')) return false;
+  std::size_t open = 0;
+  do {
+    if (AtEnd()) Fail("')'");
+    if (Is('(') && ++open + depth_ > kDeepest)
+      throw SyntaxError(Peek().offset, "nesting deeper than 1,000 levels");
+    if (Is(')')) --open;
+    Next();
+  } while (open > 0);
+  return true;
+}
+
+void TokenStream::Enter() {
+  if (++depth_ <= kDeepest) return;
+  --depth_;
+  throw SyntaxError(Peek().offset, "nesting deeper than 1,000 levels");
+}
+
+void TokenStream::Note(Token const& at, std::string_view text) {
+  auto const find = [&] {
+    return std::find_if(notes_.begin(), notes_.end(),
+                        [&](SkipNote const& note) { return note.text == text; });
+  };
+  auto known = find();
+  if (known == notes_.end() && notes_.size() + 1 >= kMostNotes) {
+    text = "more is skipped";
+    known = find();
+  }
+  if (known == notes_.end())
+    notes_.push_back({at.offset, std::string(text)});
+  else
+    ++known->count;
+}
+
+}  // namespace repora::reader

@@ -1,0 +1,137 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "reader/lexer.h"
+
+namespace repora::reader {
+
+// A statement cannot be read: where it goes wrong, and "expected ..., found ...".
+class SyntaxError : public std::exception {
+ public:
+  SyntaxError(std::size_t offset, std::string text) : offset_(offset), text_(std::move(text)) {}
+  std::size_t Offset() const { return offset_; }
+  std::string const& Text() const { return text_; }
+  char const* what() const noexcept override { return text_.c_str(); }
+
+ private:
+  std::size_t offset_;
+  std::string text_;
+};
+
+// Something of a statement that was skipped. Those of one text are counted.
+struct SkipNote {
+  std::size_t offset = 0;  // of the first
+  std::string text;
+  std::size_t count = 1;
+};
+
+// The tokens of one statement, read from the first to the last. Behind the last one there are as
+// many End tokens as anybody asks for. The text and the tokens are borrowed.
+class TokenStream {
+ public:
+  // The last token must be an End.
+  TokenStream(std::string_view text, std::vector<Token> const& tokens)
+      : text_(text), tokens_(tokens) {}
+
+  Token const& Peek(std::size_t ahead = 0) const {
+    auto const index = next_ + ahead;
+    return index < tokens_.size() ? tokens_[index] : tokens_.back();
+  }
+  Token const& Next() {
+    auto const& token = Peek();
+    if (next_ + 1 < tokens_.size()) ++next_;
+    return token;
+  }
+  // Gives the token taken last back.
+  void StepBack() { --next_; }
+  bool AtEnd() const { return Peek().kind == TokenKind::End; }
+
+  // Whether the coming tokens are these words; Accept takes them if so.
+  template <std::same_as<Word>... Words>
+  bool Is(Words... words) const {
+    std::size_t ahead = 0;
+    return (... && (Peek(ahead++).word == words));
+  }
+  template <std::same_as<Word>... Words>
+  bool Accept(Words... words) {
+    if (!Is(words...)) return false;
+    next_ += sizeof...(words);
+    return true;
+  }
+  bool Is(char punctuation) const { return Peek().punctuation == punctuation; }
+  bool Accept(char punctuation) {
+    if (!Is(punctuation)) return false;
+    Next();
+    return true;
+  }
+
+  // Each throws a SyntaxError when something else comes.
+  template <std::same_as<Word>... Words>
+  void Expect(Words... words) {
+    (..., ExpectWord(words));
+  }
+  void Expect(char punctuation);
+  // A number with its sign, as text.
+  std::string_view ExpectNumber();
+
+  // "expected ..., found ..." at the coming token; what is expected is a description such as
+  // "a name" or "')'". Where the statement ends within parentheses, the open one is reported.
+  [[noreturn]] void Fail(std::string_view expected) const;
+
+  std::string_view TextOf(Token const& token) const {
+    return text_.substr(token.offset, token.length);
+  }
+  // A place between two tokens, and the script's own text from there to the last token taken.
+  std::size_t Mark() const { return next_; }
+  std::string_view TextSince(std::size_t mark) const;
+
+  // A text for a setter; valid until the next call.
+  char const* Copy(std::string_view text) {
+    copy_ = text;
+    return copy_.c_str();
+  }
+
+  // Takes "(" and all up to the ")" that closes it, when "(" comes.
+  bool SkipParentheses();
+  // Takes the coming token, with all it holds when it is a "(".
+  void SkipItem() {
+    if (!SkipParentheses()) Next();
+  }
+
+  // Notes that something was skipped, "X is not read yet", found at a token.
+  void Note(Token const& at, std::string_view text);
+  std::vector<SkipNote> const& Notes() const { return notes_; }
+
+  // One level of nesting; entering one too many throws a SyntaxError.
+  class Level {
+   public:
+    explicit Level(TokenStream& in) : in_(in) { in_.Enter(); }
+    ~Level() { --in_.depth_; }
+    Level(Level const&) = delete;
+    Level& operator=(Level const&) = delete;
+
+   private:
+    TokenStream& in_;
+  };
+
+ private:
+  void ExpectWord(Word word);
+  void Enter();
+  std::string Describe(Token const& token) const;
+  Token const* FindOpenParenthesis() const;
+
+  std::string_view text_;
+  std::vector<Token> const& tokens_;
+  std::size_t next_ = 0;
+  std::size_t depth_ = 0;
+  std::vector<SkipNote> notes_;
+  std::string copy_;
+};
+
+}  // namespace repora::reader
