@@ -72,7 +72,7 @@ void ItemRegistry::LinkEntry(Side side, std::uint32_t number, std::uint32_t entr
   if (head) entries_[head].links[side].previous = entry;
   head = entry;
   ++group.count;
-  if (group.is_large && side == kOwnerSide) AddByName(*large_[group.head], entry);
+  if (group.is_large && !large_[group.head]->by_name.empty()) AddByName(*large_[group.head], entry);
 }
 
 void ItemRegistry::UnlinkEntry(Side side, std::uint32_t number, std::uint32_t entry) {
@@ -84,7 +84,8 @@ void ItemRegistry::UnlinkEntry(Side side, std::uint32_t number, std::uint32_t en
   else
     Head(group, entries_[entry].bucket) = link.next;
   --group.count;
-  if (group.is_large && side == kOwnerSide) RemoveByName(*large_[group.head], entry);
+  if (group.is_large && !large_[group.head]->by_name.empty())
+    RemoveByName(*large_[group.head], entry);
 }
 
 void ItemRegistry::MakeLarge(Side side, Group& group) {
@@ -103,7 +104,7 @@ void ItemRegistry::MakeLarge(Side side, Group& group) {
                 [&](std::uint32_t entry) { LinkEntry(side, number, entry); });
 }
 
-void ItemRegistry::AddByName(Large& large, std::uint32_t entry) {
+void ItemRegistry::AddByName(Large& large, std::uint32_t entry) const {
   if (4 * (std::size_t{large.used} + 1) > 3 * large.by_name.size()) {
     auto const old = std::move(large.by_name);
     auto const live =
@@ -129,23 +130,35 @@ void ItemRegistry::RemoveByName(Large& large, std::uint32_t entry) {
   large.by_name[slot] = kErased;
 }
 
+// Of the entries that share the owner and those that share the name, the fewer are searched: a
+// table has few columns, and few tables bear one name. Only where both are many (wide tables with
+// column names that every table has) a table by name helps, and it is made then.
 std::uint32_t ItemRegistry::FindEntry(ItemKey key) const {
-  auto const number = FindGroup(kOwnerSide, key.owner, key.type);
-  if (!number) return 0;
-  auto const& group = groups_[number];
-  if (!group.is_large) {
-    auto entry = group.head;
-    while (entry && entries_[entry].key.name != key.name)
-      entry = entries_[entry].links[kOwnerSide].next;
-    return entry;
-  }
-  auto const& by_name = large_[group.head]->by_name;
-  auto const mask = by_name.size() - 1;
-  auto slot = Spread(key.name) & mask;
-  while (by_name[slot] &&
-         (by_name[slot] == kErased || entries_[by_name[slot]].key.name != key.name))
+  auto const of_owner = FindGroup(kOwnerSide, key.owner, key.type);
+  auto const of_name = FindGroup(kNameSide, key.name, key.type);
+  if (!of_owner || !of_name) return 0;
+  if (groups_[of_owner].is_large && groups_[of_name].is_large)
+    return FindByName(groups_[of_owner], key.name);
+  auto const side = groups_[of_owner].is_large ? kNameSide : kOwnerSide;
+  auto entry = groups_[side == kOwnerSide ? of_owner : of_name].head;
+  while (entry && (entries_[entry].key.name != key.name || entries_[entry].key.owner != key.owner))
+    entry = entries_[entry].links[side].next;
+  return entry;
+}
+
+std::uint32_t ItemRegistry::FindByName(Group const& group, std::uint32_t name) const {
+  auto& large = *large_[group.head];
+  if (large.by_name.empty())
+    for (auto const head : large.heads)
+      for (auto entry = head; entry; entry = entries_[entry].links[kOwnerSide].next)
+        AddByName(large, entry);
+  auto const& slots = large.by_name;
+  if (slots.empty()) return 0;
+  auto const mask = slots.size() - 1;
+  auto slot = Spread(name) & mask;
+  while (slots[slot] && (slots[slot] == kErased || entries_[slots[slot]].key.name != name))
     slot = (slot + 1) & mask;
-  return by_name[slot];
+  return slots[slot];
 }
 
 void ItemRegistry::LinkToItem(std::uint32_t entry) {

@@ -74,7 +74,7 @@ class ItemRegistry {
     std::uint32_t bucket = 0;
   };
   // Entries that share an owner, or a name, and the type. Few of them are one list; many are a list
-  // per bucket, and on the owner's side a table by name.
+  // per bucket.
   struct Group {
     MOXId type = 0;
     std::uint32_t count = 0;
@@ -85,8 +85,10 @@ class ItemRegistry {
   };
   struct Large {
     std::uint32_t heads[kBuckets] = {};
-    std::uint32_t used = 0;              // slots of by_name, erased ones included
-    std::vector<std::uint32_t> by_name;  // open addressing: entries, 0 free, 1 erased
+    // On the owner's side, once a search needs it: entries by name in open addressing, 0 free,
+    // 1 erased, and how many slots are not free.
+    std::vector<std::uint32_t> by_name;
+    std::uint32_t used = 0;
   };
 
   static constexpr std::uint32_t kLargeFrom = 16;
@@ -102,7 +104,8 @@ class ItemRegistry {
   void LinkEntry(Side side, std::uint32_t group, std::uint32_t entry);
   void UnlinkEntry(Side side, std::uint32_t group, std::uint32_t entry);
   void MakeLarge(Side side, Group& group);
-  void AddByName(Large& large, std::uint32_t entry);
+  void AddByName(Large& large, std::uint32_t entry) const;
+  std::uint32_t FindByName(Group const& group, std::uint32_t name) const;
   void RemoveByName(Large& large, std::uint32_t entry);
   std::uint32_t FirstOf(Side side, Group const& group) const;
   template <class Visit>

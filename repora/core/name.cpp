@@ -42,31 +42,33 @@ void REPName::AddPiece(std::string_view piece, bool at_tail) {
   if (quoted) quoted_ = true;
   auto const length = static_cast<std::uint32_t>(piece.size());
   if (count_ == 0) {
-    text_ = piece;
+    text_ = repora::Text(piece);
     first_quoted_ = quoted;
   } else {
-    if (segments_.empty())
-      segments_.push_back({static_cast<std::uint32_t>(text_.size()), first_quoted_});
+    if (!segments_)
+      segments_.Set(
+          new std::vector<Segment>{{static_cast<std::uint32_t>(text_.size()), first_quoted_}});
+    std::string joined(at_tail ? std::string_view(text_) : piece);
+    joined.append(1, '.').append(at_tail ? piece : std::string_view(text_));
     if (at_tail) {
-      text_.append(1, '.').append(piece);
-      segments_.push_back({static_cast<std::uint32_t>(text_.size()), quoted});
+      segments_->push_back({static_cast<std::uint32_t>(joined.size()), quoted});
     } else {
-      text_.insert(0, 1, '.').insert(0, piece);
-      for (auto& segment : segments_) segment.end += length + 1;
-      segments_.insert(segments_.begin(), {length, quoted});
+      for (auto& segment : *segments_) segment.end += length + 1;
+      segments_->insert(segments_->begin(), {length, quoted});
     }
+    text_ = repora::Text(joined);
     compound_ = true;
   }
   ++count_;
 }
 
 REPName::Segment REPName::Describe(std::size_t index) const {
-  return segments_.empty() ? Segment{static_cast<std::uint32_t>(text_.size()), first_quoted_}
-                           : segments_[index];
+  return segments_ ? (*segments_)[index]
+                   : Segment{static_cast<std::uint32_t>(text_.size()), first_quoted_};
 }
 
 std::string_view REPName::SegmentAt(std::size_t index) const {
-  auto const start = index == 0 ? 0 : segments_[index - 1].end + 1;
+  auto const start = index == 0 ? 0 : (*segments_)[index - 1].end + 1;
   return std::string_view(text_).substr(start, Describe(index).end - start);
 }
 
@@ -93,7 +95,7 @@ std::string REPName::GetOwnerName(bool quotes) const {
 }
 
 std::string REPName::AsString(bool quotes) const {
-  if (!quotes) return text_;
+  if (!quotes) return text_.str();
   return Render(0, count_, true, false);
 }
 

@@ -54,10 +54,10 @@ class REPName {
   std::string Render(std::size_t first, std::size_t last, bool quotes, bool map) const;
 
   // The segments joined with dots. A name of one segment, the usual kind, needs no list of them.
-  std::string text_;
-  std::vector<Segment> segments_;  // filled when there is more than one
+  repora::Text text_;
+  repora::Owned<std::vector<Segment>> segments_;  // null while there is one
   std::uint32_t count_ = 0;
-  bool first_quoted_ = false;  // while segments_ is empty
+  bool first_quoted_ = false;  // while segments_ is null
   bool quoted_ = false;
   bool compound_ = false;
   bool expression_ = false;

@@ -8,24 +8,10 @@
 #include <utility>
 #include <vector>
 
+#include "repora/core/text.h"
+
 // The value holders from which every statement and clause class is made.
 namespace repora {
-
-// A text field: null counts as empty.
-class Text {
- public:
-  Text() = default;
-  Text(char const* text) : text_(text ? text : "") {}
-  explicit Text(std::string text) : text_(std::move(text)) {}
-  operator std::string_view() const { return text_; }
-
-  bool empty() const { return text_.empty(); }
-  char const* c_str() const { return text_.c_str(); }
-  std::string const& str() const { return text_; }
-
- private:
-  std::string text_;
-};
 
 // The decimal number at the start of a text, as atoi reads it but with a defined result for every
 // text: null and texts without a number give 0, numbers out of range give the nearest int.

@@ -145,7 +145,7 @@ std::uint32_t REPProcessor::GetViewColumnsColInPos(std::uint32_t view_id, long p
 
 REPProcess_e REPProcessor::AliasNameListAdd(REPName const* alias) {
   return state_->alias_names.insert(repora::AsWritten(alias)).second ? REPProcessOK
-                                                                    : REPProcessDuplicate;
+                                                                     : REPProcessDuplicate;
 }
 
 void REPProcessor::AliasNameListClear() {

@@ -15,17 +15,23 @@ class MOXObject;
 class MOXBuilderIdMap {
  public:
   explicit MOXBuilderIdMap(MOXModelSetI* model_set) : model_set_(model_set) {}
-  void AddMapping(std::uint32_t from, std::uint32_t to) { mappings_[from] = to; }
+  void AddMapping(std::uint32_t from, std::uint32_t to) {
+    mappings_[from] = to;
+    is_identity_ = is_identity_ && from == to;
+  }
   // The object's id, or 0 when the summary id is not mapped.
   std::uint32_t Find(std::uint32_t from) const {
     auto const found = mappings_.find(from);
     return found == mappings_.end() ? 0 : found->second;
   }
+  // Whether every mapping added leads to the same id.
+  bool IsIdentity() const { return is_identity_; }
   MOXModelSetI* ModelSet() const { return model_set_; }
 
  private:
   MOXModelSetI* model_set_;  // borrowed
   std::unordered_map<std::uint32_t, std::uint32_t> mappings_;
+  bool is_identity_ = true;
 };
 
 // Checks what a build made and publishes what it finds on the advisory channel.

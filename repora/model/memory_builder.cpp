@@ -116,12 +116,16 @@ class BuildPlan {
       }
       if (target != id) moved_[id] = target;
     }
+    keeps_all_ids_ = moved_.empty() && (!id_map_ || id_map_->IsIdentity());
     fits = next_free - 1 <= std::numeric_limits<std::uint32_t>::max();
     // Fresh ids come in between; in ascending order the model takes them all at once.
     auto const by_id = [](Target const& a, Target const& b) { return a.id < b.id; };
     if (!std::is_sorted(created.begin(), created.end(), by_id))
       std::sort(created.begin(), created.end(), by_id);
   }
+
+  // Whether every id of the summary is the id in the model, so that nothing is to be translated.
+  bool KeepsAllIds() const { return keeps_all_ids_; }
 
   // The id in the model of what the summary calls by that id; 0 stays no object.
   std::uint32_t Translated(std::uint32_t id) const {
@@ -183,16 +187,18 @@ class BuildPlan {
   MOXActionSummary const& summary_;
   MOXBuilderIdMap const* id_map_;
   std::unordered_map<std::uint32_t, std::uint32_t> moved_;  // summary ids that are others here
+  bool keeps_all_ids_ = false;
 };
 
 PropertySet NewProperties(MOXActionSummaryItem const& item, BuildPlan const& plan) {
   auto properties = item.Properties();
-  for (auto const& property : item.Properties())
-    properties.Set(property.id, plan.Translated(property.value));
+  if (!plan.KeepsAllIds())
+    for (auto const& property : item.Properties())
+      properties.Set(property.id, plan.Translated(property.value));
+  if (!*item.Name() || properties.Find(MOXTypes::pName)) return properties;
   auto const removed = item.RemovedProperties();
   bool const is_unnamed = std::binary_search(removed.begin(), removed.end(), MOXTypes::pName);
-  if (*item.Name() && !is_unnamed && !properties.Find(MOXTypes::pName))
-    properties.Set(MOXTypes::pName, QELValue(item.Name()));
+  if (!is_unnamed) properties.Set(MOXTypes::pName, QELValue(item.Name()));
   return properties;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "repora/model/ids.h"
 #include "repora/model/value.h"
@@ -8,7 +10,9 @@
 namespace repora {
 
 // The properties of one object, sorted by id, at most one per id. Made for the five to twenty
-// properties that an object has: sixteen bytes a property.
+// properties that an object has: sixteen bytes a property. Copies share their contents until one
+// of them changes, so that a model takes over the properties of an item without touching them. Not
+// synchronised: all copies belong to one thread at a time.
 class PropertySet {
  public:
   struct Entry {
@@ -17,31 +21,41 @@ class PropertySet {
   };
 
   PropertySet() = default;
-  PropertySet(PropertySet const& other);
-  PropertySet(PropertySet&& other) noexcept { Swap(other); }
+  PropertySet(PropertySet const& other) : block_(other.block_) {
+    if (block_) ++block_->references;
+  }
+  PropertySet(PropertySet&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
   PropertySet& operator=(PropertySet other) noexcept {
-    Swap(other);
+    std::swap(block_, other.block_);
     return *this;
   }
-  ~PropertySet();
+  ~PropertySet() {
+    if (block_ && --block_->references == 0) Destroy(block_);
+  }
 
   void Set(MOXId id, QELValue value);
   void Remove(MOXId id);
   QELValue const* Find(MOXId id) const;  // null when absent; valid until the next change
 
-  Entry const* begin() const { return entries_; }
-  Entry const* end() const { return entries_ + size_; }
-  bool empty() const { return size_ == 0; }
-  std::size_t size() const { return size_; }
+  Entry const* begin() const { return block_ ? block_->Entries() : nullptr; }
+  Entry const* end() const { return begin() + size(); }
+  bool empty() const { return size() == 0; }
+  std::size_t size() const { return block_ ? block_->size : 0; }
 
  private:
-  Entry* LowerBound(MOXId id) const;
-  void Swap(PropertySet& other) noexcept;
-  void Grow(std::uint32_t capacity);
+  struct Block {
+    std::uint32_t references;
+    std::uint16_t size;
+    std::uint16_t capacity;
+    Entry* Entries() { return reinterpret_cast<Entry*>(this + 1); }
+  };
 
-  Entry* entries_ = nullptr;
-  std::uint32_t size_ = 0;
-  std::uint32_t capacity_ = 0;
+  static void Destroy(Block* block);
+  Entry const* LowerBound(MOXId id) const;
+  // Makes the contents this set's own, with room for so many entries.
+  void MakeOwn(std::size_t capacity);
+
+  Block* block_ = nullptr;  // null: no properties
 };
 
 }  // namespace repora

@@ -28,7 +28,7 @@ void REPSizeClause::SetSize(char const* text) {
   auto const unit = number.empty() ? REPSizeType_e::None : TypeOfUnit(number.back());
   if (unit != REPSizeType_e::None) number.remove_suffix(1);
   type_ = unit == REPSizeType_e::None ? REPSizeType_e::Number : unit;
-  value_ = repora::Text(std::string(number));
+  value_ = repora::Text(number);
 }
 
 std::string REPSizeClause::AsString(char const* prefix) const {
