@@ -1,0 +1,153 @@
+#include "cli/commands.h"
+
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+
+#include "cli/exit_status.h"
+#include "cli/files.h"
+#include "cli/interrupt.h"
+#include "cli/message_printer.h"
+#include "cli/progress.h"
+#include "cli/scripts.h"
+#include "export/json_export.h"
+#include "export/report.h"
+
+namespace repora::cli {
+namespace {
+
+using exporter::MessageKind;
+
+constexpr std::size_t kRenderPiece = std::size_t{64} * 1024;
+
+// Shows messages and progress on standard error, counts the messages and, on demand, keeps them.
+class Console final : public SessionObserver {
+ public:
+  explicit Console(Options const& options)
+      : style_(UsesColor(options.color, stderr)),
+        bar_(options.progress && !options.quiet && IsTerminal(stderr)),
+        keeps_messages_(!options.json.empty()) {}
+
+  void OnMessage(exporter::Message const& message, reader::Source const* source,
+                 std::size_t offset) override {
+    bar_.Hide();
+    auto const text = MessageText(message, source, offset, style_);
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    counts_.Add(message.kind);
+    if (keeps_messages_) messages_.push_back(message);
+  }
+  void OnProgress(char const* what, std::size_t done, std::size_t total) override {
+    bar_.Show(what, done, total);
+  }
+
+  void TellScriptsWithoutStatements(Scripts const& scripts) {
+    for (auto const& name : scripts.without_statements) {
+      exporter::Message message;
+      message.kind = MessageKind::Note;
+      message.text = "no statements";
+      message.file = name;
+      OnMessage(message, nullptr, 0);
+    }
+  }
+
+  void HideProgress() { bar_.Hide(); }
+  exporter::MessageCounts const& Counts() const { return counts_; }
+  std::vector<exporter::Message> const& Messages() const { return messages_; }
+
+ private:
+  Style style_;
+  ProgressBar bar_;
+  bool keeps_messages_;
+  exporter::MessageCounts counts_;
+  std::vector<exporter::Message> messages_;
+};
+
+int StatusOf(exporter::MessageCounts const& messages, std::size_t unread, bool strict) {
+  auto const any = [&](std::initializer_list<MessageKind> kinds) {
+    for (auto const kind : kinds)
+      if (messages.Of(kind) > 0) return true;
+    return false;
+  };
+  bool const incomplete =
+      unread > 0 || any({MessageKind::Error, MessageKind::Unsupported, MessageKind::Syntax});
+  bool const imperfect =
+      any({MessageKind::Warning, MessageKind::Semantic, MessageKind::Duplicate, MessageKind::Note});
+  return incomplete || (strict && imperfect) ? kExitIncomplete : kExitDone;
+}
+
+// Runs the session so that Ctrl-C stops it.
+void RunUntilInterrupted(ImportSession& session, InterruptWatch& interrupts) {
+  interrupts.SetAction([&] { session.Stop(); });
+  bool const complete = session.Run();
+  interrupts.ClearAction();
+  interrupts.ThrowIfInterrupted();
+  if (!complete) throw std::logic_error("the run ended before its time");
+}
+
+}  // namespace
+
+int RunImport(Options const& options, InterruptWatch& interrupts) {
+  if (options.json == kStandardStream && options.summary == kStandardStream)
+    throw std::runtime_error("--json and --summary cannot both go to standard output");
+  // Before the work, so that a place that cannot be written to is known early.
+  std::optional<OutputFile> json;
+  std::optional<OutputFile> summary;
+  std::optional<WritablePath> summary_path;
+  if (!options.json.empty()) json.emplace(options.json);
+  if (!options.summary.empty()) summary_path.emplace(summary.emplace(options.summary));
+
+  Console console(options);
+  auto scripts = ReadScripts(options.scripts, options.defines, interrupts);
+  console.TellScriptsWithoutStatements(scripts);
+  auto settings = options.settings;
+  if (summary_path) settings.summary_file = summary_path->Path();
+  ImportSession session(settings, scripts.read, console);
+  RunUntilInterrupted(session, interrupts);
+  console.HideProgress();
+
+  if (summary_path) summary_path->Finish();
+  if (json)
+    exporter::WriteJson(session.Statements(), console.Messages(), session.Model(), session.Loaded(),
+                        [&](std::string_view piece) {
+                          interrupts.ThrowIfInterrupted();
+                          json->Write(piece);
+                          return true;
+                        });
+  if (json) json->Commit();
+  if (summary) summary->Commit();
+
+  if (!options.quiet) {
+    bool const output_is_data =
+        options.json == kStandardStream || options.summary == kStandardStream;
+    auto* const stream = output_is_data ? stderr : stdout;
+    auto const report =
+        exporter::ReportText(session.Statements(), console.Counts(), session.Model(),
+                             session.Loaded(), UsesColor(options.color, stream));
+    if (output_is_data)
+      std::fwrite(report.data(), 1, report.size(), stderr);
+    else
+      OutputFile(std::string(kStandardStream)).Write(report);
+  }
+  return StatusOf(console.Counts(), scripts.read.unread, options.strict);
+}
+
+int RunRender(Options const& options, InterruptWatch& interrupts) {
+  Console console(options);
+  auto const scripts = ReadScripts(options.scripts, options.defines, interrupts);
+  console.TellScriptsWithoutStatements(scripts);
+  TellDiagnostics(scripts.read, console);
+
+  OutputFile output{std::string(kStandardStream)};
+  std::string text;
+  std::size_t done = 0;
+  for (auto const& statement : scripts.read.statements) {
+    text.append(statement.object->AsString()).append("\n/\n");
+    if (++done < scripts.read.statements.size() && text.size() < kRenderPiece) continue;
+    interrupts.ThrowIfInterrupted();
+    output.Write(text);
+    text.clear();
+  }
+  return StatusOf(console.Counts(), scripts.read.unread, options.strict);
+}
+
+}  // namespace repora::cli

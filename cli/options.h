@@ -1,0 +1,32 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/session.h"
+#include "cli/terminal.h"
+
+namespace repora::cli {
+
+enum class Command { Import, Render };
+
+struct Options {
+  Command command = Command::Import;
+  std::vector<std::string> scripts;
+  std::map<std::string, std::string> defines;  // names in upper case
+  ImportSettings settings;
+  std::string json;     // path or "-"; empty: none
+  std::string summary;  // path; empty: none
+  bool strict = false;
+  bool quiet = false;
+  bool progress = true;  // on a terminal
+  ColorMode color = ColorMode::Auto;
+};
+
+// Nothing when the program has nothing more to do (help, version, wrong usage); the exit status
+// says why.
+std::optional<Options> ParseOptions(int argc, char const* const* argv, int& exit_status);
+
+}  // namespace repora::cli
