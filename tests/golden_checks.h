@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/session.h"
+#include "tests/golden_file.h"
+
+namespace repora::test {
+
+// What came out of the script of a golden case.
+struct GoldenOutcome {
+  reader::ReadResult read;
+  std::vector<std::string> rendered;  // by statement
+  std::unique_ptr<cli::ImportSession> session;
+  std::vector<exporter::Message> messages;
+};
+
+// Only reads the script, without running it.
+reader::ReadResult ReadGolden(GoldenCase const& golden);
+std::unique_ptr<GoldenOutcome> RunGolden(GoldenCase const& golden);
+
+// The expectations that do not hold, each at its line and with what is wrong.
+std::vector<GoldenLine> FindFailures(GoldenCase const& golden, GoldenOutcome& outcome);
+
+}  // namespace repora::test
