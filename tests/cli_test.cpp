@@ -179,7 +179,7 @@ TEST_F(Cli, JsonHoldsStatementsMessagesAndObjects) {
   }
   EXPECT_EQ(kinds, (std::vector<std::string>{"duplicate/REP-1/2/2", "warning/REP-10/3/3",
                                              "error/--------->/3/3", "syntax//4/0", "note//6/0",
-                                             "note//7/5", "unsupported/REP-2/7/5"}));
+                                             "unsupported/REP-2/7/5", "note//7/5"}));
 
   std::map<std::string, Json> created;
   for (auto const& object : json["objects"])
