@@ -74,24 +74,8 @@ void BM_Columns(benchmark::State& state) {
 }
 BENCHMARK(BM_Columns)->Arg(1'000)->Arg(20'000)->Unit(benchmark::kMillisecond);
 
-void BM_Import(benchmark::State& state) {
-  auto const tables = static_cast<int>(state.range(0));
-  auto const script = TableScript(tables, 12);
-  for (auto _ : state) {
-    auto read = Read(script);
-    Job job;
-    job.Add(read);
-    job.processor.Process();
-    benchmark::DoNotOptimize(job.model.ObjectCount());
-  }
-  state.SetItemsProcessed(state.iterations() * tables);
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * script.size()));
-}
-BENCHMARK(BM_Import)->Arg(20'000)->Unit(benchmark::kMillisecond);
-
-// The cost of a statement must not grow with the script: compare the items per second.
-void BM_ImportSequences(benchmark::State& state) {
-  auto const script = SequenceScript(static_cast<int>(state.range(0)));
+// Reads a script, runs it and builds the model, all of it timed.
+void ImportAll(benchmark::State& state, std::string const& script) {
   for (auto _ : state) {
     auto read = Read(script);
     Job job;
@@ -100,6 +84,17 @@ void BM_ImportSequences(benchmark::State& state) {
     benchmark::DoNotOptimize(job.model.ObjectCount());
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * script.size()));
+}
+
+void BM_Import(benchmark::State& state) {
+  ImportAll(state, TableScript(static_cast<int>(state.range(0)), 12));
+}
+BENCHMARK(BM_Import)->Arg(20'000)->Unit(benchmark::kMillisecond);
+
+// The cost of a statement must not grow with the script: compare the items per second.
+void BM_ImportSequences(benchmark::State& state) {
+  ImportAll(state, SequenceScript(static_cast<int>(state.range(0))));
 }
 BENCHMARK(BM_ImportSequences)
     ->Arg(10'000)
@@ -108,15 +103,7 @@ BENCHMARK(BM_ImportSequences)
     ->Unit(benchmark::kMillisecond);
 
 void BM_ImportTables(benchmark::State& state) {
-  auto const script = TableScript(static_cast<int>(state.range(0)), 3);
-  for (auto _ : state) {
-    auto read = Read(script);
-    Job job;
-    job.Add(read);
-    job.processor.Process();
-    benchmark::DoNotOptimize(job.model.ObjectCount());
-  }
-  state.SetItemsProcessed(state.iterations() * state.range(0));
+  ImportAll(state, TableScript(static_cast<int>(state.range(0)), 3));
 }
 BENCHMARK(BM_ImportTables)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
