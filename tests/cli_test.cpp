@@ -282,10 +282,10 @@ TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
     char const* message;  // on standard error
     char const* object;   // in the report; empty: none created
   };
-  std::string const binary(
+  using namespace std::string_literals;
+  auto const binary =
       "\x7f"
-      "ELF\x02\x01\x01\0\0\0\xff\xfe; garbage",
-      24);
+      "ELF\x02\x01\x01\0\0\0\xff\xfe; garbage"s;
   for (auto const& [what, text, status, message, object] : std::vector<Input>{
            {"empty", "", 0, "s.sql: no statements\n", ""},
            {"only comments", "-- nothing\n/* here */\n", 0, "s.sql: no statements\n", ""},

@@ -176,12 +176,13 @@ void REPProcessor::LoadModel(Run& run) {
 void REPProcessor::LoadObject(MOXObject const& object) {
   auto& state = *state_;
   auto text = ReadText(object, MOXTypes::pName);
+  auto* const item = new MOXActionSummaryItem;
+  item->SetName(text);  // for messages and children; the properties stay with the object
   if (TypeUsesShortName(object.Type()) && TypeUsesDBOwner(object.Type())) {
     if (auto const owner = ReadText(object, ORVTypes::pDBOwner); !owner.empty())
       text = owner + "." + text;
   }
   REPName const name(text.c_str());
-  auto* const item = new MOXActionSummaryItem;
   item->SetId(object.Id());
   item->SetType(object.Type());
   item->SetOwner(object.Owner().Id());
