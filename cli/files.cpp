@@ -8,12 +8,14 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace repora::cli {
 namespace {
 
+constexpr int kPollMilliseconds = 100;
 constexpr std::size_t kPieceSize = std::size_t{256} * 1024;
 
 std::string Describe(std::string_view action, std::string_view name, int error) {
@@ -46,6 +48,14 @@ std::string Resolve(std::string const& path) {
   return ::realpath(path.c_str(), resolved) ? std::string(resolved) : path;
 }
 
+// Returns when there is something to read, be it an error or the end.
+void WaitForInput(int descriptor, std::function<void()> const& on_wait) {
+  pollfd input{descriptor, POLLIN, 0};
+  do {
+    on_wait();
+  } while (::poll(&input, 1, kPollMilliseconds) <= 0);
+}
+
 mode_t NewFileMode() {
   auto const mask = ::umask(0);
   ::umask(mask);
@@ -57,7 +67,7 @@ mode_t NewFileMode() {
 FileError::FileError(std::string_view action, std::string_view name, int error)
     : std::runtime_error(Describe(action, name, error)) {}
 
-std::string ReadFile(std::string const& path, std::function<void()> const& on_signal) {
+std::string ReadFile(std::string const& path, std::function<void()> const& on_wait) {
   bool const standard = path == kStandardStream;
   auto const name = standard ? std::string("standard input") : Quoted(path);
   Descriptor const file(standard ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -68,6 +78,7 @@ std::string ReadFile(std::string const& path, std::function<void()> const& on_si
   if (::fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode))
     text.reserve(static_cast<std::size_t>(status.st_size) + 1);
   for (;;) {
+    WaitForInput(file.Get(), on_wait);
     auto const size = text.size();
     auto const room = std::max(kPieceSize, text.capacity() - size);
     text.resize(size + room);
@@ -77,7 +88,6 @@ std::string ReadFile(std::string const& path, std::function<void()> const& on_si
     if (count == 0) return text;
     if (count > 0) continue;
     if (error != EINTR) throw FileError("read", name, error);
-    on_signal();
   }
 }
 

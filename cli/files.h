@@ -19,9 +19,9 @@ class FileError : public std::runtime_error {
 // What users call standard input and standard output.
 inline constexpr std::string_view kStandardStream = "-";
 
-// The whole file, or standard input for "-". Throws FileError. When a signal breaks in, calls
-// on_signal, which may throw, and goes on reading.
-std::string ReadFile(std::string const& path, std::function<void()> const& on_signal);
+// The whole file, or standard input for "-". Throws FileError. While it waits for input it calls
+// on_wait now and then, which may throw.
+std::string ReadFile(std::string const& path, std::function<void()> const& on_wait);
 
 // A file that appears at its place only when it is complete: it is written beside and renamed by
 // Commit. Without Commit nothing is left behind and what stood there before stays. Standard output

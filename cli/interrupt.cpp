@@ -38,7 +38,7 @@ InterruptWatch::InterruptWatch() {
   wake_up_ = ends[0];
   wake_up_write_end = ends[1];
 
-  // Signals go to the thread that works, so that they end its waiting for input.
+  // Signals go to the thread that works, so that they end its waiting for input at once.
   sigset_t blocked;
   sigset_t before;
   sigemptyset(&blocked);

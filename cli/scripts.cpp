@@ -53,7 +53,6 @@ Scripts ReadScripts(std::vector<std::string> const& paths,
   // All files first: a missing one is better known before a long read than after it.
   std::vector<std::string> texts;
   for (auto const& path : paths) {
-    interrupts.ThrowIfInterrupted();
     texts.push_back(ReadFile(path, [&] { interrupts.ThrowIfInterrupted(); }));
   }
 

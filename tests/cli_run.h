@@ -34,8 +34,8 @@ struct ProgramResult {
 
 struct ProgramInput {
   std::string in{};
-  bool keep_in_open = false;             // standard input never ends
-  bool closed_output = false;            // nobody reads standard output
+  bool keep_in_open = false;               // standard input never ends
+  bool closed_output = false;              // nobody reads standard output
   std::vector<std::string> environment{};  // added, NAME=VALUE
   // Called with each piece of standard error and with the program's process.
   std::function<void(std::string const& err, pid_t process)> watch{};
