@@ -1,8 +1,10 @@
 #include "cli/commands.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 
 #include "cli/exit_status.h"
 #include "cli/files.h"
@@ -84,11 +86,28 @@ void RunUntilInterrupted(ImportSession& session, InterruptWatch& interrupts) {
   if (!complete) throw std::logic_error("the run ended before its time");
 }
 
+bool IsSameFile(std::string const& a, std::string const& b) {
+  std::error_code error;
+  return a == b || std::filesystem::equivalent(a, b, error);
+}
+
+// Outputs must not overwrite each other, and least of all a script.
+void RefuseOverwriting(Options const& options) {
+  if (options.json == kStandardStream && options.summary == kStandardStream)
+    throw std::runtime_error("--json and --summary cannot both go to standard output");
+  if (!options.json.empty() && IsSameFile(options.json, options.summary))
+    throw std::runtime_error("--json and --summary both name '" + options.json + "'");
+  for (auto const& output : {options.json, options.summary})
+    for (auto const& script : options.scripts)
+      if (!output.empty() && output != kStandardStream && IsSameFile(output, script))
+        throw std::runtime_error("'" + output +
+                                 "' is one of the scripts; name another output file");
+}
+
 }  // namespace
 
 int RunImport(Options const& options, InterruptWatch& interrupts) {
-  if (options.json == kStandardStream && options.summary == kStandardStream)
-    throw std::runtime_error("--json and --summary cannot both go to standard output");
+  RefuseOverwriting(options);
   // Before the work, so that a place that cannot be written to is known early.
   std::optional<OutputFile> json;
   std::optional<OutputFile> summary;

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-class REPStatement;
+#include "repora/core/statement.h"
 
 // Turns the text of a script into statement objects.
 namespace repora::reader {
@@ -31,7 +31,7 @@ class Source {
   std::string const& Name() const { return name_; }
   std::string_view Text() const { return text_; }
   Position PositionOf(std::size_t offset) const;
-  // The line that holds the offset, without its line end.
+  // The line that holds the offset, without its line end, which is looked for.
   std::string_view LineAt(std::size_t offset) const;
 
  private:

@@ -364,6 +364,21 @@ TEST_F(Cli, AFileThatCannotBeWrittenIsNamedAndNothingIsLeftBehind) {
   EXPECT_EQ(folder.Read("old.json"), "old");
 }
 
+TEST_F(Cli, OutputsDoNotOverwriteScriptsOrEachOther) {
+  folder.Write("s.sql", "CREATE SEQUENCE S;\n");
+  std::filesystem::create_symlink("s.sql", folder.Path() / "link.sql");
+  for (auto const* output : {"s.sql", "./s.sql", "link.sql"}) {
+    auto const run = Run({"import", "--json", output, "s.sql"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "repora: '" + std::string(output) +
+                           "' is one of the scripts; name another output file\n");
+  }
+  EXPECT_EQ(Run({"import", "--json", "o", "--summary", "o", "s.sql"}).err,
+            "repora: --json and --summary both name 'o'\n");
+  EXPECT_EQ(folder.Read("s.sql"), "CREATE SEQUENCE S;\n");
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"link.sql", "s.sql"}));
+}
+
 TEST_F(Cli, OutputsReplaceFilesAndKeepLinksAndPermissions) {
   folder.Write("s.sql", "CREATE SEQUENCE S;");
   folder.Write("real.json", "old");
