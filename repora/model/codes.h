@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
-// The integer codes of the model's value lists.
+// The integer codes of the model's value lists, and the texts that serve as codes.
 namespace repora::codes {
 
 // ORVTypes::pType of the model root
@@ -58,6 +59,39 @@ inline constexpr std::int32_t kMaxExtentsUnlimited = 0;
 // ORVTypes::pOracleOptimalSizeType
 inline constexpr std::int32_t kOptimalNull = 0;
 inline constexpr std::int32_t kOptimalSize = 1;
+
+// ORVTypes::pNullOption
+inline constexpr std::int32_t kNull = 0;
+inline constexpr std::int32_t kNotNull = 1;
+
+// ORVTypes::pKeyGroupType
+inline constexpr std::string_view kPrimaryKey = "PK";
+inline constexpr std::string_view kAlternateKey = "AK";  // unique
+inline constexpr std::string_view kForeignKey = "IF";
+inline constexpr std::string_view kIndexEntry = "IE";  // a plain index
+
+// ORVTypes::pType of a relationship
+inline constexpr std::int32_t kIdentifying = 2;
+inline constexpr std::int32_t kNonIdentifying = 7;
+
+// ORVTypes::pRelationshipNoNulls
+inline constexpr std::int32_t kNullsAllowed = 100;
+inline constexpr std::int32_t kNoNulls = 101;
+
+// ORVTypes::pRelationshipParentDeleteRule and the other rules of a relationship
+inline constexpr std::int32_t kNoRule = 0;
+inline constexpr std::int32_t kDeleteCascade = 10005;
+inline constexpr std::int32_t kDeleteSetNull = 10006;
+
+// ORVTypes::pUseIndex
+inline constexpr std::int32_t kUsingIndex = 908;
+
+// ORVTypes::pOracleIndexPartitionType
+inline constexpr std::int32_t kIndexPartitionGlobal = 0;
+inline constexpr std::int32_t kIndexPartitionLocal = 1;
+
+// ORVTypes::pOracleTablespaceUsageType
+inline constexpr std::int32_t kTablespaceUsageDefault = 0;
 
 // Storage kinds: ORVTypes::pType of a physical storage item
 inline constexpr std::int32_t kUnclassifiedStorage = 0;

@@ -5,17 +5,14 @@
 #include "repora/core/sql_text.h"
 #include "repora/model/codes.h"
 #include "repora/model/item.h"
+#include "repora/tables/column_properties.h"
+#include "repora/tables/constraints.h"
 
 namespace codes = repora::codes;
 
-namespace {
+REPRelTableColumn::REPRelTableColumn() = default;
 
-std::string SqlOf(REPDatatype const* datatype) {
-  long model_id = 0;
-  return datatype ? datatype->AsString(model_id, false) : std::string();
-}
-
-}  // namespace
+REPRelTableColumn::~REPRelTableColumn() = default;
 
 REPProcess_e REPRelTableColumn::Process(REPProcessor* processor, MOXActionSummaryItem* table,
                                         REPName const* table_name) const {
@@ -27,54 +24,30 @@ REPProcess_e REPRelTableColumn::Process(REPProcessor* processor, MOXActionSummar
                               processor->GetObjectDisplayString(table->Type()),
                               repora::AsWritten(table_name), GetColumnName());
   if (result != REPProcessOK) return result;
-  if (datatype_) SetDatatypeOf(processor, *attribute);
+  if (datatype_) repora::WriteDatatype(*processor, *attribute, *datatype_);
   if (sort_) repora::SetBoolean(*attribute, ORVTypes::pOracleSortColumn, true);
   repora::SetInteger(*attribute, ORVTypes::pType, codes::kAttributeType);
   return ProcessDefaultsAndConstraints(processor, table, table_name, attribute);
 }
 
-void REPRelTableColumn::SetDatatypeOf(REPProcessor* processor,
-                                      MOXActionSummaryItem& attribute) const {
-  long model_id = 0;
-  auto const text = datatype_->AsString(model_id, true);
-  QELValue const value{std::string_view(text)};  // shared by both properties
-  attribute.SetProperty(ORVTypes::pDatatype, value);
-  attribute.SetProperty(ORVTypes::pLogicalDatatype, value);
-  if (model_id > 0)
-    repora::SetInteger(attribute, ORVTypes::pTimezoneOption, static_cast<std::int32_t>(model_id));
-  if (datatype_->GetCharType() == REPChartype_e::Byte)
-    repora::SetInteger(attribute, ORVTypes::pCharacterSemantics, codes::kByteSemantics);
-  if (datatype_->GetCharType() == REPChartype_e::Char)
-    repora::SetInteger(attribute, ORVTypes::pCharacterSemantics, codes::kCharSemantics);
-  if (auto const domain = processor->IdentifyParentDomain(text.c_str()))
-    repora::SetReference(attribute, ORVTypes::pParentDomain, domain);
-}
-
 REPProcess_e REPRelTableColumn::ProcessDefaultsAndConstraints(REPProcessor* processor,
                                                               MOXActionSummaryItem* table,
-                                                              REPName const* /*table_name*/,
+                                                              REPName const* table_name,
                                                               MOXActionSummaryItem* column) const {
   if (!processor || !table || !column) return REPProcessError;
-  if (!expression_) return REPProcessOK;
-  MOXActionSummaryItem* usage = nullptr;
-  processor->AddItem(column->Id(), ORVTypes::oDefaultConstraintUsage, nullptr, usage);
-  if (!usage) return REPProcessOK;
-  if (auto* const value =
-          processor->CreateItem(processor->GetRoot(), ORVTypes::oDefault, nullptr)) {
-    repora::SetText(*value, ORVTypes::pServerValue, expression_->AsString());
-    repora::SetReference(*usage, ORVTypes::pDefaultProperty, value->Id());
-  }
-  return REPProcessOK;
+  if (expression_) repora::WriteDefault(*processor, *column, *expression_);
+  return constraints_ ? constraints_->Process(processor, table, table_name, column) : REPProcessOK;
 }
 
 std::string REPRelTableColumn::AsString() const {
   return repora::SqlText()
       .Name(name_.Get())
       .AppendIf(static_cast<bool>(datatype_), " ")
-      .Append(SqlOf(datatype_.Get()))
+      .Append(repora::DatatypeText(datatype_.Get()))
       .AppendIf(static_cast<bool>(expression_), " DEFAULT ")
       .Append(repora::TextOf(expression_.Get()))
       .AppendIf(sort_, " SORT")
+      .Option(repora::TextOf(constraints_.Get()))
       .Take();
 }
 
@@ -94,7 +67,7 @@ std::string REPTableColumn::AsString() const {
   return repora::SqlText()
       .Name(name_.Get())
       .Append(" ")
-      .Append(SqlOf(datatype_.Get()))
+      .Append(repora::DatatypeText(datatype_.Get()))
       .AppendIf(sort_, " SORT")
       .Take();
 }

@@ -9,12 +9,16 @@
 #include "repora/tables/datatype.h"
 
 class MOXActionSummaryItem;
+class REPInlineConstraintClauseList;
 class REPProcessor;
 
-// name [datatype] [DEFAULT expression] [SORT]
+// name [datatype] [DEFAULT expression] [SORT] [inline_constraint ...]
 // One column of a relational table. Without a datatype in CREATE TABLE ... AS SELECT lists.
 class REPRelTableColumn {
  public:
+  REPRelTableColumn();
+  ~REPRelTableColumn();
+
   void SetColumnName(REPName* name) { name_.Set(name); }
   REPName* GetColumnREPName() const { return name_.Get(); }
   std::string GetColumnName() const { return repora::AsWritten(name_.Get()); }
@@ -25,6 +29,8 @@ class REPRelTableColumn {
   REPExpr* GetExpression() const { return expression_.Get(); }
   void SetSort(bool sort) { sort_ = sort; }
   bool GetSort() const { return sort_; }
+  void SetInlineConstraints(REPInlineConstraintClauseList* list) { constraints_.Set(list); }
+  REPInlineConstraintClauseList* GetInlineConstraints() const { return constraints_.Get(); }
 
   // Makes the attribute. REPProcessDuplicate when the table has a column of that name, which is
   // reported here.
@@ -37,12 +43,11 @@ class REPRelTableColumn {
   std::string AsString() const;
 
  private:
-  void SetDatatypeOf(REPProcessor* processor, MOXActionSummaryItem& attribute) const;
-
   repora::Owned<REPName> name_;
   repora::Owned<REPDatatype> datatype_;
   repora::Owned<REPExpr> expression_;
   bool sort_ = false;
+  repora::Owned<REPInlineConstraintClauseList> constraints_;
 };
 
 // Columns in order, owned.

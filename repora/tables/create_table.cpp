@@ -39,6 +39,11 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   if (name_) repora::SetTextIfGiven(entity, ORVTypes::pDBOwner, name_->GetOwnerName(false));
   if (auto const result = columns_.Process(processor, &entity, name_.Get()); result != REPProcessOK)
     return result;
+  if (auto const result = constraints_.Process(processor, &entity, name_.Get());
+      result != REPProcessOK)
+    return result;
+  if (auto const result = ref_constraints_.Process(processor, &entity); result != REPProcessOK)
+    return result;
   if (commit_ == REPCommit_e::DeleteRows)
     repora::SetInteger(entity, ORVTypes::pOracleCommitType, codes::kCommitDelete);
   if (commit_ == REPCommit_e::PreserveRows)
@@ -54,6 +59,11 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
       return result;
   }
   SetChoice(entity, ORVTypes::pOracleRowDependencies, static_cast<int>(row_dependencies_));
+  if (enable_disable_) {
+    if (auto const result = enable_disable_->Process(processor, &entity, name_.Get());
+        result != REPProcessOK)
+      return result;
+  }
   SetChoice(entity, ORVTypes::pOracleEnableRowMovement, static_cast<int>(row_movement_));
   if (monitor_ == REPMonitor_e::On) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, true);
   if (monitor_ == REPMonitor_e::Off) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, false);

@@ -7,15 +7,17 @@
 #include "repora/core/owned.h"
 #include "repora/core/statement.h"
 #include "repora/tables/columns.h"
+#include "repora/tables/constraints.h"
 #include "repora/tables/table_options.h"
 
 class MOXActionSummaryItem;
 class REPParallelClause;
 class REPSegmentAttributesClause;
 
-// CREATE [GLOBAL TEMPORARY] TABLE [owner.]name [(columns)] [ON COMMIT {DELETE | PRESERVE} ROWS]
-//   [CACHE | NOCACHE] [parallel] [{ENABLE | DISABLE} ROW MOVEMENT]
-//   [ROWDEPENDENCIES | NOROWDEPENDENCIES] [ORGANIZATION {HEAP | INDEX | EXTERNAL}]
+// CREATE [GLOBAL TEMPORARY] TABLE [owner.]name [(columns, constraints, REF constraints)]
+//   [ON COMMIT {DELETE | PRESERVE} ROWS] [CACHE | NOCACHE] [parallel]
+//   [{ENABLE | DISABLE} ROW MOVEMENT] [ROWDEPENDENCIES | NOROWDEPENDENCIES]
+//   [enable_disable_clause ...] [ORGANIZATION {HEAP | INDEX | EXTERNAL}]
 //   [segment attributes] [INCLUDING column] [OVERFLOW [segment attributes]]
 //   [COMPRESS [n] | NOCOMPRESS] [MAPPING TABLE | NOMAPPING] [PCTTHRESHOLD n]
 //   [CLUSTER name (columns)] [MONITORING | NOMONITORING]
@@ -73,6 +75,19 @@ class REPCreateTable final : public REPStatement {
   // Adds at the head of the list: columns are added from the last to the first.
   void AddRelationalColumn(REPRelTableColumn* column) { columns_.AddHead(column); }
   REPRelTableColumnList const& GetRelationalColumns() const { return columns_; }
+  // At the head of their lists too.
+  void AddOutOfLineConstraint(REPOutOfLineConstraint* constraint) {
+    constraints_.AddHead(constraint);
+  }
+  REPOutOfLineConstraintList const& GetOutOfLineConstraints() const { return constraints_; }
+  void AddOutOfLineRefConstraint(REPOutOfLineRefConstraint* constraint) {
+    ref_constraints_.AddHead(constraint);
+  }
+  REPOutOfLineRefConstraintList const& GetOutOfLineRefConstraints() const {
+    return ref_constraints_;
+  }
+  void SetEnableDisableClauseList(REPEnableDisableClauseList* list) { enable_disable_.Set(list); }
+  REPEnableDisableClauseList* GetEnableDisableClauseList() const { return enable_disable_.Get(); }
 
   REPProcess_e Process(REPProcessor* processor) const override;
   std::string AsString() const override;
@@ -85,6 +100,7 @@ class REPCreateTable final : public REPStatement {
   void ProcessSegment(REPProcessor* processor, MOXActionSummaryItem& entity) const;
   void ProcessCompression(MOXActionSummaryItem& entity) const;
   std::string RelationalTableText() const;
+  std::string RelationalPropertiesText() const;
 
   REPTableType_e table_type_{};
   bool global_temporary_ = false;
@@ -107,4 +123,7 @@ class REPCreateTable final : public REPStatement {
   repora::Owned<REPName> cluster_;
   repora::Owned<REPNameList> cluster_columns_;
   REPRelTableColumnList columns_;
+  REPOutOfLineConstraintList constraints_;
+  REPOutOfLineRefConstraintList ref_constraints_;
+  repora::Owned<REPEnableDisableClauseList> enable_disable_;
 };

@@ -36,14 +36,16 @@ std::string REPCreateTable::AsString() const {
 std::string REPCreateTable::RelationalTableText() const {
   SqlText sql("CREATE ");
   sql.AppendIf(global_temporary_, "GLOBAL TEMPORARY ").Append("TABLE ").Name(name_.Get());
-  if (columns_.GetCount() > 0) sql.Append("( ").Append(columns_.AsString()).Append(")");
+  auto const properties = RelationalPropertiesText();
+  if (!properties.empty()) sql.Append("(").Append(properties).Append(")");
   auto const commit = Choose(static_cast<int>(commit_), "DELETE", "PRESERVE");
   if (!commit.empty()) sql.Append(" ON COMMIT ").Append(commit).Append(" ROWS");
   sql.Option(Choose(static_cast<int>(cache_), "NOCACHE", "CACHE"))
       .Option(repora::TextOf(parallel_.Get()))
       .Option(
           Choose(static_cast<int>(row_movement_), "DISABLE ROW MOVEMENT", "ENABLE ROW MOVEMENT"))
-      .Option(Choose(static_cast<int>(row_dependencies_), "NOROWDEPENDENCIES", "ROWDEPENDENCIES"));
+      .Option(Choose(static_cast<int>(row_dependencies_), "NOROWDEPENDENCIES", "ROWDEPENDENCIES"))
+      .Option(repora::TextOf(enable_disable_.Get()));
   if (organization_ != REPOrganization_e::None) sql.Option(repora::Keyword(organization_));
   sql.Option(repora::TextOf(segment_.Get())).Clause(" INCLUDING ", including_column_.Get());
   if (index_overflow_) sql.Append(" OVERFLOW").Option(repora::TextOf(overflow_segment_.Get()));
@@ -56,4 +58,12 @@ std::string REPCreateTable::RelationalTableText() const {
     if (cluster_columns_) sql.Append(cluster_columns_->AsString(true));
   }
   return sql.Append(";").Take();
+}
+
+std::string REPCreateTable::RelationalPropertiesText() const {
+  SqlText sql;
+  if (columns_.GetCount() > 0) sql.Part(" " + columns_.AsString(), ", ");
+  if (constraints_.GetCount() > 0) sql.Part(" " + constraints_.AsString(), ", ");
+  if (ref_constraints_.GetCount() > 0) sql.Part(" " + ref_constraints_.AsString(), ", ");
+  return sql.Take();
 }
