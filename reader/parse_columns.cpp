@@ -1,5 +1,6 @@
 #include "reader/parse_columns.h"
 
+#include "reader/parse_constraints.h"
 #include "reader/parse_datatypes.h"
 #include "reader/parse_names.h"
 
@@ -14,25 +15,12 @@ void SkipToListEnd(TokenStream& in) {
   while (!AtListEnd(in)) in.SkipItem();
 }
 
-// Whether an inline constraint comes.
-bool IsConstraint(TokenStream const& in) {
-  switch (in.Peek().word) {
-    case K_CONSTRAINT:
-    case K_NULL:
-    case K_UNIQUE:
-    case K_PRIMARY:
-    case K_CHECK:
-    case K_REFERENCES: return true;
-    case K_NOT: return in.Peek(1).word == K_NULL;
-    default: return false;
-  }
-}
-
 // Whether the next clause of a column comes, which ends the one before.
 bool IsColumnClause(TokenStream const& in) {
   switch (in.Peek().word) {
     case K_ANNOTATIONS:
     case K_AS:
+    case K_DECRYPT:
     case K_DEFAULT:
     case K_DOMAIN:
     case K_ENCRYPT:
@@ -42,18 +30,30 @@ bool IsColumnClause(TokenStream const& in) {
     case K_SCOPE:
     case K_SORT:
     case K_VISIBLE: return true;
-    default: return IsConstraint(in);
+    default: return IsInlineConstraint(in);
   }
 }
 
-// [CONSTRAINT name] {[NOT] NULL | UNIQUE | PRIMARY KEY | CHECK (...) | REFERENCES ...} [state]...
-void SkipInlineConstraint(TokenStream& in) {
-  in.Note(in.Peek(), "constraints are not read yet");
-  if (in.Accept(K_CONSTRAINT)) ParseName(in);
-  if (!in.Accept(K_NOT, K_NULL)) in.Next();
-  // The NULL of ON DELETE SET NULL is no constraint of its own.
-  while (!AtListEnd(in) && !IsColumnClause(in))
-    if (!in.Accept(K_SET, K_NULL)) in.SkipItem();
+// Whether the next clause of an ALTER TABLE comes, which ends a column outside of parentheses.
+bool IsAlterClause(TokenStream const& in) {
+  switch (in.Peek().word) {
+    case K_ADD:
+    case K_DISABLE:
+    case K_DROP:
+    case K_ENABLE:
+    case K_LOB:
+    case K_MODIFY:
+    case K_NESTED:
+    case K_RENAME:
+    case K_VARRAY:
+    case K_XMLTYPE: return true;
+    default: return false;
+  }
+}
+
+// Whether the clause of a column ends, by another one or with the column.
+bool AtClauseEnd(TokenStream const& in) {
+  return AtListEnd(in) || IsColumnClause(in) || IsAlterClause(in);
 }
 
 // CASE ... END
@@ -73,7 +73,7 @@ void SkipCase(TokenStream& in) {
 std::unique_ptr<REPExpr> ParseDefault(TokenStream& in) {
   auto const mark = in.Mark();
   bool operand_due = true;
-  while (!AtListEnd(in) && (operand_due || !IsColumnClause(in))) {
+  while (!AtListEnd(in) && (operand_due || !AtClauseEnd(in))) {
     auto const& token = in.Peek();
     operand_due = token.kind == TokenKind::Punctuation && token.punctuation != '(';
     if (token.word == K_CASE)
@@ -115,10 +115,21 @@ void SkipGenerated(TokenStream& in) {
 void SkipColumnClause(TokenStream& in) {
   auto const& clause = in.Next();
   in.Note(clause, "clause " + std::string(TextOf(clause.word)) + " is skipped");
-  while (!AtListEnd(in) && !IsColumnClause(in)) in.SkipItem();
+  while (!AtClauseEnd(in)) in.SkipItem();
 }
 
-void ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
+void AddInlineConstraint(TokenStream& in, REPRelTableColumn& column) {
+  if (!column.GetInlineConstraints())
+    column.SetInlineConstraints(new REPInlineConstraintClauseList);
+  column.GetInlineConstraints()->AddTail(ParseInlineConstraint(in).release());
+}
+
+// False when no clause of a column comes.
+bool ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
+  if (IsInlineConstraint(in)) {
+    AddInlineConstraint(in, column);
+    return true;
+  }
   switch (in.Peek().word) {
     case K_DEFAULT:
       in.Next();
@@ -133,37 +144,10 @@ void ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
     case K_COLLATE:
     case K_WITH: SkipColumnClause(in); break;
     default:
-      if (IsConstraint(in))
-        SkipInlineConstraint(in);
-      else if (IsColumnClause(in))
-        SkipColumnClause(in);
-      else
-        in.Fail("',' or ')'");
+      if (!IsColumnClause(in)) return false;
+      SkipColumnClause(in);
   }
-}
-
-bool IsOutOfLineConstraint(TokenStream const& in) {
-  auto const second = in.Peek(1);
-  switch (in.Peek().word) {
-    case K_CONSTRAINT:
-      switch (in.Peek(2).word) {
-        case K_CHECK:
-        case K_FOREIGN:
-        case K_NOT:
-        case K_NULL:
-        case K_PRIMARY:
-        case K_REFERENCES:
-        case K_UNIQUE: return IsName(second);
-        default: return false;
-      }
-    case K_PRIMARY:
-    case K_FOREIGN: return second.word == K_KEY;
-    case K_UNIQUE:
-    case K_CHECK:
-    case K_REF: return second.punctuation == '(';
-    case K_SCOPE: return second.word == K_FOR;
-    default: return false;
-  }
+  return true;
 }
 
 }  // namespace
@@ -173,16 +157,20 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
   auto column = std::make_unique<REPRelTableColumn>();
   column->SetColumnName(ParseSimpleName(in).release());
   // In a list before AS SELECT the datatype comes from the query.
-  if (!AtListEnd(in) && !IsColumnClause(in)) column->SetDatatype(ParseDatatype(in).release());
-  while (!AtListEnd(in)) ParseColumnClause(in, *column);
+  if (!AtListEnd(in) && !in.Is(K_DROP) && (in.Is(K_REF) || !IsColumnClause(in)))
+    column->SetDatatype(ParseDatatype(in).release());
+  while (ParseColumnClause(in, *column)) {
+  }
+  while (column->GetInlineConstraints() && IsFurtherInlineConstraint(in)) {
+    in.Next();
+    AddInlineConstraint(in, *column);
+  }
   return column;
 }
 
 bool SkipOutOfLineClause(TokenStream& in) {
   auto const& token = in.Peek();
-  if (IsOutOfLineConstraint(in))
-    in.Note(token, "constraints are not read yet");
-  else if (in.Is(K_SUPPLEMENTAL, K_LOG))
+  if (in.Is(K_SUPPLEMENTAL, K_LOG))
     in.Note(token, "SUPPLEMENTAL LOG is not read yet");
   else if (in.Is(K_PERIOD, K_FOR))
     in.Note(token, "clause PERIOD is skipped");

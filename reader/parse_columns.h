@@ -7,10 +7,10 @@
 
 namespace repora::reader {
 
-// One column of a table, up to the "," or ")" behind it.
+// One column of a table, up to what does not belong to it.
 std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in);
 
-// A constraint, supplemental log group or period among the columns of a table: skipped with a note.
+// A supplemental log group or period among the columns of a table: skipped with a note.
 // False when none comes.
 bool SkipOutOfLineClause(TokenStream& in);
 

@@ -108,6 +108,20 @@ bool ParsePhysicalAttribute(TokenStream& in, REPPhysicalAttrClause& attributes) 
   return true;
 }
 
+bool StartsSegmentAttribute(Word word) {
+  switch (word) {
+    case K_INITRANS:
+    case K_LOGGING:
+    case K_MAXTRANS:
+    case K_NOLOGGING:
+    case K_PCTFREE:
+    case K_PCTUSED:
+    case K_STORAGE:
+    case K_TABLESPACE: return true;
+    default: return false;
+  }
+}
+
 bool ParseSegmentAttribute(TokenStream& in, REPSegmentAttributesClause& segment) {
   if (ParsePhysicalAttribute(in, *segment.GetAttributesClause())) return true;
   if (in.Accept(K_LOGGING)) {

@@ -18,6 +18,9 @@ REPStorageClause ParseStorageClause(TokenStream& in);
 // One of PCTFREE n | PCTUSED n | INITRANS n | MAXTRANS n | storage_clause; false when none comes.
 bool ParsePhysicalAttribute(TokenStream& in, REPPhysicalAttrClause& attributes);
 
+// Whether a word starts what ParseSegmentAttribute takes.
+bool StartsSegmentAttribute(Word word);
+
 // One of a physical attribute | TABLESPACE name | LOGGING | NOLOGGING; false when none comes.
 bool ParseSegmentAttribute(TokenStream& in, REPSegmentAttributesClause& segment);
 

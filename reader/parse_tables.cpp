@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "reader/parse_columns.h"
+#include "reader/parse_constraints.h"
 #include "reader/parse_names.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
@@ -21,20 +22,6 @@ struct Clauses {
   bool in_overflow = false;  // segment attributes that come belong to the overflow
   bool has_query = false;
 };
-
-bool StartsSegmentAttribute(Word word) {
-  switch (word) {
-    case K_INITRANS:
-    case K_LOGGING:
-    case K_MAXTRANS:
-    case K_NOLOGGING:
-    case K_PCTFREE:
-    case K_PCTUSED:
-    case K_STORAGE:
-    case K_TABLESPACE: return true;
-    default: return false;
-  }
-}
 
 // [AS] {SELECT | WITH} ...; the library renders a query without AS.
 bool StartsQuery(Word word) {
@@ -82,27 +69,41 @@ bool StartsStatement(Word word) {
          word == K_GRANT;
 }
 
-// Takes the rest of a clause, which may hold segment attributes of an index of its own.
-void SkipRest(TokenStream& in, bool with_segment = false) {
+// Takes the rest of a clause.
+void SkipRest(TokenStream& in) {
   while (!in.AtEnd() && !in.Is(')')) {
     if (in.Accept(K_STORE, K_AS)) continue;
     auto const word = in.Peek().word;
-    if (StartsStatement(word)) return;
-    if (StartsClause(word) && !(with_segment && StartsSegmentAttribute(word))) return;
+    if (StartsStatement(word) || StartsClause(word)) return;
     in.SkipItem();
   }
+}
+
+// The table takes the last one first.
+template <class T>
+void AddInOrder(REPCreateTable& table, std::vector<std::unique_ptr<T>>& parts,
+                void (REPCreateTable::*add)(T*)) {
+  for (auto part = parts.rbegin(); part != parts.rend(); ++part) (table.*add)(part->release());
 }
 
 // ( {column | constraint | SUPPLEMENTAL LOG ...} [, ...] )
 void ParseColumns(TokenStream& in, REPCreateTable& table) {
   std::vector<std::unique_ptr<REPRelTableColumn>> columns;
+  std::vector<std::unique_ptr<REPOutOfLineConstraint>> constraints;
+  std::vector<std::unique_ptr<REPOutOfLineRefConstraint>> ref_constraints;
   in.Expect('(');
   do {
-    if (!SkipOutOfLineClause(in)) columns.push_back(ParseColumn(in));
+    if (IsOutOfLineConstraint(in))
+      constraints.push_back(ParseOutOfLineConstraint(in));
+    else if (IsOutOfLineRefConstraint(in))
+      ref_constraints.push_back(ParseOutOfLineRefConstraint(in));
+    else if (!SkipOutOfLineClause(in))
+      columns.push_back(ParseColumn(in));
   } while (in.Accept(','));
   if (!in.Accept(')')) in.Fail("',' or ')'");
-  for (auto column = columns.rbegin(); column != columns.rend(); ++column)
-    table.AddRelationalColumn(column->release());
+  AddInOrder(table, columns, &REPCreateTable::AddRelationalColumn);
+  AddInOrder(table, constraints, &REPCreateTable::AddOutOfLineConstraint);
+  AddInOrder(table, ref_constraints, &REPCreateTable::AddOutOfLineRefConstraint);
 }
 
 // ON COMMIT {DELETE | PRESERVE} ROWS | ON COMMIT {DROP | PRESERVE} DEFINITION
@@ -149,16 +150,22 @@ void ParseTableCompression(TokenStream& in, REPCreateTable& table) {
   SkipRest(in);
 }
 
-// {ENABLE | DISABLE} ROW MOVEMENT | {ENABLE | DISABLE} constraint
+// {ENABLE | DISABLE} {ROW MOVEMENT | constraint}
 void ParseEnable(TokenStream& in, REPCreateTable& table) {
+  if (IsEnableDisableClause(in)) {
+    if (!table.GetEnableDisableClauseList())
+      table.SetEnableDisableClauseList(new REPEnableDisableClauseList);
+    table.GetEnableDisableClauseList()->AddTail(ParseEnableDisableClause(in).release());
+    return;
+  }
   auto const& token = in.Next();
   if (in.Accept(K_ROW, K_MOVEMENT)) {
     table.SetRowMovement(token.word == K_ENABLE ? REPRowMovement_e::Enable
                                                 : REPRowMovement_e::Disable);
     return;
   }
-  in.Note(token, std::string(TextOf(token.word)) + " of constraints is not read yet");
-  SkipRest(in, true);
+  in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
+  SkipRest(in);
 }
 
 // CLUSTER name (columns)

@@ -79,7 +79,8 @@ class ScriptReader {
  private:
   void ReadSections(Place const& place);
   void ReadSection(Place const& place, Section const& section, std::vector<Token> const& tokens);
-  void ReadModelStatement(Place const& place, Section const& section,
+  // Whether a statement came of it.
+  bool ReadModelStatement(Place const& place, Section const& section,
                           std::vector<Token> const& tokens);
   void FailUnknown(Section const& section, std::vector<Token> const& tokens, std::string_view text);
   void CountOutside(Place const& place, Section const& section);
@@ -184,9 +185,10 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
       Report(DiagnosticKind::Note, place, section.start,
              StatementName(section, tokens, place.text) + " is not read yet");
       ++result_.unread;
-    } else {
-      ReadModelStatement(place, section, tokens);
+    } else if (ReadModelStatement(place, section, tokens)) {
       statement = result_.statements.size();
+    } else {
+      ++result_.unread;
     }
   } catch (SyntaxError const& error) {
     ReportUnread(place, error.Offset(), error.Text());
@@ -194,7 +196,7 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
   Flush(statement);
 }
 
-void ScriptReader::ReadModelStatement(Place const& place, Section const& section,
+bool ScriptReader::ReadModelStatement(Place const& place, Section const& section,
                                       std::vector<Token> const& tokens) {
   TokenStream in(place.text, tokens);
   auto object = section.statement->parse(in);
@@ -202,7 +204,9 @@ void ScriptReader::ReadModelStatement(Place const& place, Section const& section
   for (auto const& note : in.Notes())
     Report(DiagnosticKind::Note, place, note.offset,
            note.count == 1 ? note.text : note.text + " (" + std::to_string(note.count) + ")");
+  if (!object) return false;
   result_.statements.push_back({std::move(object), place.source, place.OriginOf(section.start)});
+  return true;
 }
 
 void ScriptReader::FailUnknown(Section const& section, std::vector<Token> const& tokens,

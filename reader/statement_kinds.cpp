@@ -21,7 +21,7 @@ constexpr StatementKind Outside(Words words, Extent extent = Extent::Sql) {
 constexpr StatementKind kKinds[] = {
     Read({K_CREATE, K_TABLE}, ParseCreateTable),
     NotYet({K_CREATE, K_TABLESPACE}),
-    NotYet({K_CREATE, K_INDEX}),
+    Read({K_CREATE, K_INDEX}, ParseCreateIndex),
     NotYet({K_CREATE, K_INDEXTYPE}),
     NotYet({K_CREATE, K_VIEW}),
     NotYet({K_CREATE, K_MATERIALIZED, K_VIEW}),
@@ -70,7 +70,7 @@ constexpr StatementKind kKinds[] = {
     Outside({K_CREATE, K_PROPERTY, K_GRAPH}),
     Outside({K_CREATE, K_DOMAIN}),
 
-    NotYet({K_ALTER, K_TABLE}),
+    Read({K_ALTER, K_TABLE}, ParseAlterTable),
     NotYet({K_ALTER, K_TABLESPACE}),
     NotYet({K_ALTER, K_INDEX}),
     NotYet({K_ALTER, K_INDEXTYPE}),

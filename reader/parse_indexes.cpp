@@ -1,0 +1,354 @@
+#include "reader/parse_indexes.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "reader/parse_conditions.h"
+#include "reader/parse_names.h"
+#include "reader/parse_statements.h"
+#include "reader/parse_storage.h"
+
+namespace repora::reader {
+namespace {
+
+bool AtListEnd(TokenStream const& in, std::size_t ahead = 0) {
+  auto const& token = in.Peek(ahead);
+  return token.punctuation == ',' || token.punctuation == ')' || token.kind == TokenKind::End;
+}
+
+// Takes the rest of a list of names or columns that no parentheses enclose.
+void SkipNames(TokenStream& in) {
+  do {
+    ParseName(in);
+    if (!in.Accept(K_ASC)) in.Accept(K_DESC);
+  } while (in.Accept(','));
+}
+
+REPSort_e SortOf(Word word) {
+  switch (word) {
+    case K_ASC: return REPSort_e::Asc;
+    case K_DESC: return REPSort_e::Desc;
+    case K_NOSORT: return REPSort_e::NoSort;
+    case K_SORT: return REPSort_e::Sort;
+    default: return REPSort_e::None;
+  }
+}
+
+// {column | expression} [ASC | DESC | SORT | NOSORT]
+std::unique_ptr<REPIndexExpr> ParseIndexExpr(TokenStream& in) {
+  auto expression = std::make_unique<REPIndexExpr>();
+  auto const at_sort = [&] {
+    return SortOf(in.Peek().word) != REPSort_e::None && AtListEnd(in, 1);
+  };
+  auto const mark = in.Mark();
+  if (AtListEnd(in)) in.Fail("a column or an expression");
+  do in.SkipItem();
+  while (!AtListEnd(in) && !at_sort());
+  expression->SetExpression(in.Copy(in.TextSince(mark)));
+  if (!AtListEnd(in)) expression->SetSort(SortOf(in.Next().word));
+  return expression;
+}
+
+// ( expression [, expression]... )
+std::unique_ptr<REPIndexExprList> ParseIndexExprs(TokenStream& in) {
+  auto expressions = std::make_unique<REPIndexExprList>();
+  in.Expect('(');
+  do expressions->AddTail(ParseIndexExpr(in).release());
+  while (in.Accept(','));
+  if (!in.Accept(')')) in.Fail("',' or ')'");
+  return expressions;
+}
+
+// LOCAL [STORE IN (...)] [(partitions)], behind its keyword
+void ParseLocal(TokenStream& in, REPIndexAttributesClause& attributes) {
+  attributes.SetIndexAttPartition(REPIndexAttPart_e::Local);
+  auto const& token = in.Peek();
+  bool const stored = in.Accept(K_STORE, K_IN);
+  bool listed = in.SkipParentheses();
+  if (stored) listed = in.SkipParentheses() || listed;
+  if (listed) in.Note(token, "partitions of the index are not read yet");
+}
+
+// GLOBAL [PARTITION BY {RANGE | HASH} (columns) [PARTITIONS n] [STORE IN (...)] [(partitions)]],
+// behind its keyword
+void ParseGlobal(TokenStream& in, REPIndexAttributesClause& attributes) {
+  attributes.SetIndexAttPartition(REPIndexAttPart_e::Global);
+  auto const& token = in.Peek();
+  if (!in.Accept(K_PARTITION, K_BY)) return;
+  in.Note(token, "GLOBAL PARTITION BY is not read yet");
+  in.Next();
+  in.SkipParentheses();
+  if (in.Accept(K_PARTITIONS)) in.ExpectNumber();
+  if (in.Accept(K_STORE, K_IN)) in.SkipParentheses();
+  in.SkipParentheses();
+}
+
+// COMPRESS [n | ADVANCED [LOW | HIGH]] | NOCOMPRESS
+void ParseIndexCompression(TokenStream& in, REPIndexAttributesClause& attributes) {
+  auto const compression = ParseCompression(in);
+  attributes.SetCompression(compression.compress);
+  attributes.SetCompressionSize(in.Copy(compression.size));
+  auto const& kind = in.Peek();
+  if (!in.Accept(K_ADVANCED)) return;
+  in.Note(kind, "kind of compression is skipped");
+  if (!in.Accept(K_LOW)) in.Accept(K_HIGH);
+}
+
+// TABLESPACE {DEFAULT | name}, behind its keyword
+void ParseIndexTablespace(TokenStream& in, REPIndexAttributesClause& attributes) {
+  std::unique_ptr<REPName> name;
+  if (!in.Accept(K_DEFAULT)) name = ParseName(in);
+  attributes.SetTablespaceDefault(!name);
+  // The last one counts; one before comes back to its reader.
+  std::unique_ptr<REPName> const replaced(attributes.GetTablespace());
+  attributes.SetTablespace(name.release());
+}
+
+// Options that are words alone.
+bool ParseIndexOption(TokenStream& in, REPIndexAttributesClause& attributes) {
+  if (in.Accept(K_COMPUTE, K_STATISTICS)) {
+    attributes.SetComputeStatistics(true);
+    return true;
+  }
+  switch (in.Peek().word) {
+    case K_LOGGING: attributes.SetLogging(REPLogging_e::Logging); break;
+    case K_NOLOGGING: attributes.SetLogging(REPLogging_e::NoLogging); break;
+    case K_NOSORT: attributes.SetSort(REPSort_e::NoSort); break;
+    case K_ONLINE: attributes.SetOnline(true); break;
+    case K_REVERSE: attributes.SetReverse(true); break;
+    case K_SORT: attributes.SetSort(REPSort_e::Sort); break;
+    default: return false;
+  }
+  in.Next();
+  return true;
+}
+
+// One of the attributes of an index; false when none comes.
+bool ParseIndexAttribute(TokenStream& in, REPIndexAttributesClause& attributes) {
+  if (ParsePhysicalAttribute(in, *attributes.GetPhysicalAttrClause()) ||
+      ParseIndexOption(in, attributes))
+    return true;
+  if (in.Accept(K_TABLESPACE)) {
+    ParseIndexTablespace(in, attributes);
+  } else if (in.Is(K_COMPRESS) || in.Is(K_NOCOMPRESS)) {
+    ParseIndexCompression(in, attributes);
+  } else if (in.Accept(K_LOCAL)) {
+    ParseLocal(in, attributes);
+  } else if (in.Accept(K_GLOBAL)) {
+    ParseGlobal(in, attributes);
+  } else if (auto parallel = ParseParallel(in)) {
+    std::unique_ptr<REPParallelClause> const replaced(attributes.GetParallelClause());
+    attributes.SetParallelClause(parallel.release());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// VISIBLE | INVISIBLE | USABLE | UNUSABLE | NOREVERSE | INDEXING {FULL | PARTIAL} |
+//   {DEFERRED | IMMEDIATE} INVALIDATION | ANNOTATIONS (...): newer properties that an index object
+// has no place for.
+bool SkipNewerProperty(TokenStream& in) {
+  auto const& property = in.Peek();
+  switch (property.word) {
+    case K_INVISIBLE:
+    case K_NOREVERSE:
+    case K_UNUSABLE:
+    case K_USABLE:
+    case K_VISIBLE: break;
+    case K_ANNOTATIONS:
+    case K_INDEXING: in.Next(); break;
+    case K_DEFERRED:
+    case K_IMMEDIATE:
+      if (in.Peek(1).word != K_INVALIDATION) return false;
+      in.Next();
+      break;
+    default: return false;
+  }
+  in.SkipItem();
+  in.Note(property, "clause " + std::string(TextOf(property.word)) + " is skipped");
+  return true;
+}
+
+// A variable without a value in the place of properties: ${STORAGE_CLAUSE}.
+bool SkipPlaceholder(TokenStream& in) {
+  auto const& token = in.Peek();
+  auto const text = in.TextOf(token);
+  if (token.kind != TokenKind::Word || text.find_first_of("&{") == std::string_view::npos)
+    return false;
+  in.Note(token, "clause " + std::string(text) + " is skipped");
+  in.Next();
+  return true;
+}
+
+// The text of a string as one in plain quotes holds it, without these.
+std::string QuotedText(std::string_view string) {
+  auto const quote = string.find('\'');
+  bool const delimited = quote > 0 && (string[quote - 1] == 'q' || string[quote - 1] == 'Q');
+  auto const edge = delimited ? std::size_t{2} : std::size_t{1};  // the quote and its delimiter
+  std::string text;
+  for (auto const letter : string.substr(quote + edge, string.size() - quote - 2 * edge)) {
+    text += letter;
+    if (delimited && letter == '\'') text += letter;
+  }
+  return text;
+}
+
+// PARAMETERS ('text'), behind its keyword
+void ParseParameters(TokenStream& in, REPDomainIndexClause& domain) {
+  in.Expect('(');
+  if (in.Peek().kind != TokenKind::String) in.Fail("a string");
+  domain.SetODCIParameters(QuotedText(in.TextOf(in.Next())).c_str());
+  in.Expect(')');
+}
+
+// {FILTER | ORDER} BY column [, column]...: what else a domain index holds
+bool SkipDomainColumns(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (!in.Accept(K_FILTER, K_BY) && !in.Accept(K_ORDER, K_BY)) return false;
+  in.Note(token, "clause " + std::string(TextOf(token.word)) + " BY is skipped");
+  SkipNames(in);
+  return true;
+}
+
+// INDEXTYPE IS name [PARALLEL ...] [PARAMETERS ('text')]
+std::unique_ptr<REPDomainIndexClause> ParseDomainIndex(TokenStream& in) {
+  auto domain = std::make_unique<REPDomainIndexClause>();
+  in.Expect(K_INDEXTYPE, K_IS);
+  domain->SetIndextypeName(ParseName(in).release());
+  while (SkipDomainColumns(in)) {
+  }
+  domain->SetParallelClause(ParseParallel(in).release());
+  if (in.Accept(K_PARAMETERS)) ParseParameters(in, *domain);
+  return domain;
+}
+
+// The attributes of an index of a cluster or of a join, which are no more than these.
+std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in) {
+  auto attributes = std::make_unique<REPIndexAttributesClause>();
+  bool given = false;
+  while (true) {
+    if (ParseIndexAttribute(in, *attributes))
+      given = true;
+    else if (!SkipNewerProperty(in))
+      break;
+  }
+  return given ? std::move(attributes) : nullptr;
+}
+
+// CLUSTER name [attributes], behind its keyword
+std::unique_ptr<REPClusterIndexClause> ParseClusterIndex(TokenStream& in) {
+  auto cluster = std::make_unique<REPClusterIndexClause>();
+  cluster->SetClusterName(ParseName(in).release());
+  cluster->SetIndexAttributes(ParseIndexAttributes(in).release());
+  return cluster;
+}
+
+// FROM table [alias] [, table [alias]]...
+void ParseFrom(TokenStream& in, REPBitmapIndexClause& join) {
+  std::vector<std::pair<std::unique_ptr<REPName>, std::unique_ptr<REPName>>> tables;
+  in.Expect(K_FROM);
+  do {
+    auto table = ParseName(in);
+    auto alias = IsName(in.Peek()) && !in.Is(K_WHERE) ? ParseSimpleName(in) : nullptr;
+    tables.emplace_back(std::move(table), std::move(alias));
+  } while (in.Accept(','));
+  for (auto table = tables.rbegin(); table != tables.rend(); ++table) {
+    join.AddFromName(table->first.release());
+    join.AddFromAlias(table->second.release());
+  }
+}
+
+// table (expressions) FROM tables WHERE condition [attributes], from FROM
+std::unique_ptr<REPBitmapIndexClause> ParseJoinIndex(TokenStream& in, REPTableIndexClause& table) {
+  auto join = std::make_unique<REPBitmapIndexClause>();
+  ParseFrom(in, *join);
+  in.Expect(K_WHERE);
+  join->SetCondition(ParseCondition(in).release());
+  join->SetIndexAttributes(ParseIndexAttributes(in).release());
+  // What was read as an index on the table is the beginning of this one.
+  join->SetTableName(table.GetTableName());
+  table.SetTableName(nullptr);
+  join->SetIndexExprList(table.GetIndexExprList());
+  table.SetIndexExprList(nullptr);
+  return join;
+}
+
+// {attribute | domain_index}...
+// A placeholder behind USING INDEX is rather the name of the index than its properties.
+std::unique_ptr<REPIndexPropertiesClause> ParseProperties(TokenStream& in, bool skip_placeholders) {
+  auto properties = std::make_unique<REPIndexPropertiesClause>();
+  bool given = false;
+  while (true) {
+    auto* const domain = properties->GetDomainIndex();
+    if (domain && in.Accept(K_PARAMETERS)) {
+      ParseParameters(in, *domain);
+    } else if (!domain && in.Is(K_INDEXTYPE)) {
+      properties->SetDomainIndex(ParseDomainIndex(in).release());
+      given = true;
+    } else if (ParseIndexAttribute(in, *properties->GetIndexAttributes())) {
+      given = true;
+    } else if (!SkipNewerProperty(in) && !(skip_placeholders && SkipPlaceholder(in))) {
+      break;
+    }
+  }
+  return given ? std::move(properties) : nullptr;
+}
+
+// CLUSTER name ... | table [alias] (expressions) {[properties] | FROM ...}
+void ParseIndexTarget(TokenStream& in, REPCreateIndex& index) {
+  if (in.Accept(K_CLUSTER)) {
+    index.SetClusterIndexClause(ParseClusterIndex(in).release());
+    return;
+  }
+  auto table = std::make_unique<REPTableIndexClause>();
+  table->SetTableName(ParseName(in).release());
+  if (IsName(in.Peek())) table->SetAliasName(ParseSimpleName(in).release());
+  table->SetIndexExprList(ParseIndexExprs(in).release());
+  if (in.Is(K_FROM)) {
+    index.SetBitmapIndexClause(ParseJoinIndex(in, *table).release());
+    return;
+  }
+  table->SetIndexProperties(ParseProperties(in, true).release());
+  index.SetTableIndexClause(table.release());
+}
+
+// CREATE [UNIQUE | BITMAP | other kind] INDEX, of which the other kinds are skipped
+void ParseIndexKind(TokenStream& in, REPCreateIndex& index) {
+  in.Expect(K_CREATE);
+  while (in.Peek().kind == TokenKind::Word && !in.Is(K_INDEX)) {
+    auto const& kind = in.Next();
+    if (kind.word == K_UNIQUE)
+      index.SetIndexType(REPIndexType_e::Unique);
+    else if (kind.word == K_BITMAP)
+      index.SetIndexType(REPIndexType_e::Bitmap);
+    else
+      in.Note(kind, "clause " + std::string(TextOf(kind.word)) + " is skipped");
+  }
+  in.Expect(K_INDEX);
+}
+
+}  // namespace
+
+std::unique_ptr<REPIndexPropertiesClause> ParseIndexProperties(TokenStream& in) {
+  return ParseProperties(in, false);
+}
+
+// CREATE [UNIQUE | BITMAP] INDEX [IF NOT EXISTS] name ON target
+std::unique_ptr<REPCreateIndex> ParseCreateIndexClause(TokenStream& in) {
+  auto index = std::make_unique<REPCreateIndex>();
+  index->SetStatementType(REPStatement_e::CreateIndex);
+  ParseIndexKind(in, *index);
+  SkipIfNotExists(in);
+  index->SetIndexName(ParseName(in).release());
+  in.Expect(K_ON);
+  ParseIndexTarget(in, *index);
+  return index;
+}
+
+std::unique_ptr<REPStatement> ParseCreateIndex(TokenStream& in) {
+  return ParseCreateIndexClause(in);
+}
+
+}  // namespace repora::reader
