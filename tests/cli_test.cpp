@@ -234,13 +234,13 @@ TEST_F(Cli, SummaryFileHoldsTheObjects) {
 
 TEST_F(Cli, RenderPrintsEveryStatementBeforeASlash) {
   folder.Write("s.sql",
-               "create sequence s1 cache 5;\ncreate index i on t (a);\n"
+               "create sequence s1 cache 5;\ncreate view v as select 1 from dual;\n"
                "create table t (a number) pctfree 5;\n");
   auto const result = Run({"render", "s.sql"});
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.out,
             "CREATE SEQUENCE s1 Cache 5;\n/\nCREATE TABLE t( a NUMBER) PCTFREE 5;\n/\n");
-  EXPECT_TRUE(Contains(result.err, "s.sql:2:1: note: CREATE INDEX i is not read yet\n"));
+  EXPECT_TRUE(Contains(result.err, "s.sql:2:1: note: CREATE VIEW v is not read yet\n"));
   EXPECT_EQ(Run({"render", "-"}, {.in = "create sequence s1;"}).out, "CREATE SEQUENCE s1;\n/\n");
 }
 
@@ -285,7 +285,7 @@ TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
   using namespace std::string_literals;
   auto const binary =
       "\x7f"
-      "ELF\x02\x01\x01\0\0\0\xff\xfe; garbage"s;
+      "ELF\x02\x01\x01\0\0\0\xff\xfe; garbage"s;  // with its NUL bytes
   for (auto const& [what, text, status, message, object] : std::vector<Input>{
            {"empty", "", 0, "s.sql: no statements\n", ""},
            {"only comments", "-- nothing\n/* here */\n", 0, "s.sql: no statements\n", ""},
