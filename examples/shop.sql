@@ -65,6 +65,17 @@ INCLUDING price
 OVERFLOW TABLESPACE &data_ts
 PCTTHRESHOLD 20;
 
+CREATE INDEX shop.customer_order_customer_ix ON shop.customer_order (customer_id, ordered_at DESC)
+  TABLESPACE &index_ts COMPRESS 1;
+CREATE UNIQUE INDEX shop.customer_no_ux ON shop.customer (UPPER(customer_no)) TABLESPACE &index_ts;
+
+ALTER TABLE shop.order_item ADD CONSTRAINT order_item_order_fk
+  FOREIGN KEY (order_id) REFERENCES shop.customer_order (order_id) ON DELETE CASCADE;
+ALTER TABLE shop.customer ADD (
+  vip           CHAR(1)         DEFAULT 'N' NOT NULL,
+  CONSTRAINT customer_vip_ck CHECK (vip IN ('Y', 'N') AND (vip = 'N' OR credit_limit >= 1000))
+);
+
 -- Baskets live as long as a session
 CREATE GLOBAL TEMPORARY TABLE shop.basket (
   product_id    NUMBER(10),
@@ -110,6 +121,11 @@ ALTER SEQUENCE shop.order_seq MAXVALUE 9999999999999 CACHE 500;
 CREATE SEQUENCE SHOP.CUSTOMER_SEQ START WITH 1;
 -- never made
 ALTER SEQUENCE shop.invoice_seq INCREMENT BY 5;
+-- products come without a primary key
+ALTER TABLE shop.order_item ADD CONSTRAINT order_item_product_fk
+  FOREIGN KEY (product_id) REFERENCES stock.product;
+-- columns are not taken away
+ALTER TABLE shop.customer DROP COLUMN born_on;
 -- the column does not exist
 CREATE TABLE shop.rebate (
   rebate_id     NUMBER(6),

@@ -3,31 +3,54 @@
 #include <algorithm>
 #include <map>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "repora/model/codes.h"
 #include "repora/model/memory_model.h"
 #include "repora/model/metamodel.h"
 
 namespace repora::exporter {
 namespace {
 
-struct TypeCount {
+struct Count {
   std::size_t objects = 0;
   std::size_t placeholders = 0;  // referred to, but not created by the script
 };
 
-std::map<MOXId, TypeCount> CountCreated(MemoryModelSet& model, LoadedObjects const& loaded) {
-  std::map<MOXId, TypeCount> counts;
+// A row of the table of objects: a type, and for keys and indexes, which are of one type, what kind
+// of them.
+using Row = std::pair<MOXId, std::string_view>;
+
+bool IsSet(PropertySet const& properties, MOXId property) {
+  auto const* const value = properties.Find(property);
+  return value && value->Boolean();
+}
+
+std::string_view KindOfKey(PropertySet const& properties) {
+  auto const* const value = properties.Find(ORVTypes::pKeyGroupType);
+  auto const type = value ? value->View() : std::string_view();
+  bool const is_constraint = IsSet(properties, ORVTypes::pGenerateAsConstraint);
+  if (type == codes::kPrimaryKey) return "Primary Key";
+  if (type == codes::kAlternateKey) return is_constraint ? "Unique Key" : "Unique Index";
+  return type == codes::kForeignKey ? "Foreign Key of a View" : "Index";
+}
+
+std::map<Row, Count> CountCreated(MemoryModelSet& model, LoadedObjects const& loaded) {
+  std::map<Row, Count> counts;
   MOXObjectIterator objects;
   model.GetModel()->CreateIterator(objects);
   while (++objects) {
     MOXObject object;
     objects.GetValue(object);
     if (loaded.Contains(object.Id())) continue;
-    auto& count = counts[object.Type()];
+    auto const& properties = *model.PropertiesOf(object.Id());
+    bool const is_key = object.Type() == ORVTypes::oKeyGroup;
+    auto& count = counts[{object.Type(), is_key ? KindOfKey(properties) : std::string_view()}];
     ++count.objects;
-    auto const* const placeholder = model.PropertiesOf(object.Id())->Find(ORVTypes::pDoNotGenerate);
-    if (placeholder && placeholder->Boolean()) ++count.placeholders;
+    // The index of a key is not generated because the constraint brings it.
+    bool const of_constraint = is_key && IsSet(properties, ORVTypes::pGenerateAsConstraint);
+    if (!of_constraint && IsSet(properties, ORVTypes::pDoNotGenerate)) ++count.placeholders;
   }
   return counts;
 }
@@ -76,18 +99,20 @@ class Table {
   }
 
  private:
-  struct Row {
+  struct Line {
     std::string label;
     std::string number;
     std::string remark;
   };
-  std::vector<Row> rows_;
+  std::vector<Line> rows_;
 };
 
 std::string ObjectTable(MemoryModelSet& model, LoadedObjects const& loaded) {
   Table table;
-  for (auto const& [type, count] : CountCreated(model, loaded)) {
-    auto name = model.GetMetamodel()->NameOfType(type, ORVTypes::tPhysicalName);
+  for (auto const& [row, count] : CountCreated(model, loaded)) {
+    auto const& [type, kind] = row;
+    auto name = kind.empty() ? model.GetMetamodel()->NameOfType(type, ORVTypes::tPhysicalName)
+                             : std::string(kind);
     std::string remark;
     if (count.placeholders > 0) remark = Counted(count.placeholders, "placeholder", "placeholders");
     table.Add(name.empty() ? std::to_string(type) : std::move(name), count.objects,
