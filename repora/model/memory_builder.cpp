@@ -308,6 +308,7 @@ class MemoryValidator::NameIndex {
   struct Key {
     std::uint32_t owner;
     MOXId type;
+    bool of_constraint;  // constraints and indexes have names of their own
     std::string_view schema;
     std::string_view name;
     bool operator==(Key const&) const = default;
@@ -328,7 +329,9 @@ class MemoryValidator::NameIndex {
 
   Key KeyOf(MOXObject const& object) const {
     auto const& properties = *model_set_.PropertiesOf(object.Id());
-    return {model_set_.OwnerOf(object.Id()), object.Type(), TextOf(properties, ORVTypes::pDBOwner),
+    auto const* const as_constraint = properties.Find(ORVTypes::pGenerateAsConstraint);
+    return {model_set_.OwnerOf(object.Id()), object.Type(),
+            as_constraint && as_constraint->Boolean(), TextOf(properties, ORVTypes::pDBOwner),
             TextOf(properties, MOXTypes::pName)};
   }
 
