@@ -327,8 +327,14 @@ bool IsFurtherInlineConstraint(TokenStream const& in) {
     case K_PRIMARY: return at(1).word == K_KEY && at(2).punctuation != '(';
     case K_WITH: return at(1).word == K_ROWID;
     case K_SCOPE: return at(1).word == K_IS;
-    // REFERENCES may be the name of a column, followed by its datatype.
-    case K_REFERENCES: return named || (at(2).punctuation == '(' && IsName(at(3)));
+    case K_REFERENCES: {
+      // Unless it is the name of a column that its datatype follows.
+      if (named || !IsName(at(1))) return named;
+      std::size_t behind = 2;
+      while (at(behind).punctuation == '.') behind += 2;
+      return at(behind).punctuation == '(' ? IsName(at(behind + 1))
+                                           : behind > 2 || at(1).word == K_NONE;
+    }
     default: return false;
   }
 }
