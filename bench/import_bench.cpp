@@ -21,7 +21,7 @@ void BM_Read(benchmark::State& state) {
     auto const read = Read(script);
     benchmark::DoNotOptimize(read.statements.data());
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * script.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(script.size()));
 }
 BENCHMARK(BM_Read)->Arg(100)->Arg(2'000)->Arg(20'000)->Unit(benchmark::kMillisecond);
 
@@ -35,7 +35,7 @@ void BM_ReadOutside(benchmark::State& state) {
     auto const read = Read(script);
     benchmark::DoNotOptimize(read.outside);
   }
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * script.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(script.size()));
 }
 BENCHMARK(BM_ReadOutside)->Unit(benchmark::kMillisecond);
 
@@ -84,7 +84,7 @@ void ImportAll(benchmark::State& state, std::string const& script) {
     benchmark::DoNotOptimize(job.model.ObjectCount());
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
-  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * script.size()));
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(script.size()));
 }
 
 void BM_Import(benchmark::State& state) {
