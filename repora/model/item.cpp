@@ -36,6 +36,13 @@ MOXItemMap::Items::const_iterator MOXItemMap::LowerBound(std::uint32_t id) const
 }
 
 MOXActionSummaryItem* MOXItemMap::Find(std::uint32_t id) const {
+  if (items_.empty() || id > items_.back()->Id()) return nullptr;
+  // The items of a run have ids without gaps, at the end of the list.
+  auto const from_end = std::size_t{items_.back()->Id() - id};
+  if (from_end < items_.size()) {
+    auto* const item = items_[items_.size() - 1 - from_end];
+    if (item->Id() == id) return item;
+  }
   auto const place = LowerBound(id);
   return place != items_.end() && (*place)->Id() == id ? *place : nullptr;
 }
