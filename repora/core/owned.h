@@ -169,4 +169,17 @@ class OwnedList {
   std::vector<T*> tail_;
 };
 
+// What lists of clauses offer; what they do with their clauses is the derived class's own.
+template <class Clause>
+class ClauseList {
+ public:
+  void AddHead(Clause* clause) { clauses_.AddHead(clause); }
+  void AddTail(Clause* clause) { clauses_.AddTail(clause); }
+  int GetCount() const { return clauses_.GetCount(); }
+  Clause* GetClause(int index) const { return clauses_.At(index); }
+
+ protected:
+  OwnedList<Clause> clauses_;
+};
+
 }  // namespace repora

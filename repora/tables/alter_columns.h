@@ -80,20 +80,12 @@ class REPAddColumnClause {
 };
 
 // ADD clause | ADD (clause, ...)
-class REPAddColumnClauseList {
+class REPAddColumnClauseList : public repora::ClauseList<REPAddColumnClause> {
  public:
-  void AddHead(REPAddColumnClause* clause) { clauses_.AddHead(clause); }
-  void AddTail(REPAddColumnClause* clause) { clauses_.AddTail(clause); }
-  int GetCount() const { return clauses_.GetCount(); }
-  REPAddColumnClause* GetClause(int index) const { return clauses_.At(index); }
-
   // This and the lists below end at the first result that is not OK.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
   std::string AsString() const;
-
- private:
-  repora::OwnedList<REPAddColumnClause> clauses_;
 };
 
 // name [datatype] [DEFAULT expression] [inline_constraints]
@@ -132,19 +124,11 @@ class REPModifyColumnClause {
 };
 
 // MODIFY clause | MODIFY(clause, ...)
-class REPModifyColumnClauseList {
+class REPModifyColumnClauseList : public repora::ClauseList<REPModifyColumnClause> {
  public:
-  void AddHead(REPModifyColumnClause* clause) { clauses_.AddHead(clause); }
-  void AddTail(REPModifyColumnClause* clause) { clauses_.AddTail(clause); }
-  int GetCount() const { return clauses_.GetCount(); }
-  REPModifyColumnClause* GetClause(int index) const { return clauses_.At(index); }
-
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
   std::string AsString() const;
-
- private:
-  repora::OwnedList<REPModifyColumnClause> clauses_;
 };
 
 // {DROP (column, ...) | SET UNUSED (column, ...) | DROP UNUSED COLUMNS | DROP COLUMNS CONTINUE}
@@ -175,18 +159,10 @@ class REPDropColumnClause {
 };
 
 // DROP clauses in order, owned.
-class REPDropColumnClauseList {
+class REPDropColumnClauseList : public repora::ClauseList<REPDropColumnClause> {
  public:
-  void AddHead(REPDropColumnClause* clause) { clauses_.AddHead(clause); }
-  void AddTail(REPDropColumnClause* clause) { clauses_.AddTail(clause); }
-  int GetCount() const { return clauses_.GetCount(); }
-  REPDropColumnClause* GetClause(int index) const { return clauses_.At(index); }
-
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table) const;
   std::string AsString() const;
-
- private:
-  repora::OwnedList<REPDropColumnClause> clauses_;
 };
 
 // RENAME COLUMN old TO new
@@ -208,19 +184,11 @@ class REPRenameColumnClause {
 };
 
 // RENAME COLUMN clauses in order, owned.
-class REPRenameColumnClauseList {
+class REPRenameColumnClauseList : public repora::ClauseList<REPRenameColumnClause> {
  public:
-  void AddHead(REPRenameColumnClause* clause) { clauses_.AddHead(clause); }
-  void AddTail(REPRenameColumnClause* clause) { clauses_.AddTail(clause); }
-  int GetCount() const { return clauses_.GetCount(); }
-  REPRenameColumnClause* GetClause(int index) const { return clauses_.At(index); }
-
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
   std::string AsString() const;
-
- private:
-  repora::OwnedList<REPRenameColumnClause> clauses_;
 };
 
 // [add_list] [modify_list] [drop_list] [rename_list]

@@ -383,19 +383,11 @@ class REPEnableDisableClause {
 };
 
 // ENABLE and DISABLE clauses in order, owned.
-class REPEnableDisableClauseList {
+class REPEnableDisableClauseList : public repora::ClauseList<REPEnableDisableClause> {
  public:
-  void AddHead(REPEnableDisableClause* clause) { clauses_.AddHead(clause); }
-  void AddTail(REPEnableDisableClause* clause) { clauses_.AddTail(clause); }
-  int GetCount() const { return clauses_.GetCount(); }
-  REPEnableDisableClause* GetClause(int index) const { return clauses_.At(index); }
-
   // Ends at the first failure.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
   // Separated by blanks, as they stand behind a table.
   std::string AsString(bool parenthesised = false) const;
-
- private:
-  repora::OwnedList<REPEnableDisableClause> clauses_;
 };
