@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "reader/parse_names.h"
+#include "reader/parse_queries.h"
 #include "repora/core/letters.h"
 #include "repora/queries/select.h"
 
@@ -44,40 +45,6 @@ bool StartsTest(Word word) {
     case K_MEMBER:
     case K_NOT:
     case K_SUBMULTISET: return true;
-    default: return false;
-  }
-}
-
-// Words that end a condition which is not in parentheses: they start a property of an index or the
-// state of a constraint.
-bool StartsNextClause(Word word) {
-  switch (word) {
-    case K_COMPRESS:
-    case K_COMPUTE:
-    case K_DISABLE:
-    case K_ENABLE:
-    case K_GLOBAL:
-    case K_INITRANS:
-    case K_INVISIBLE:
-    case K_LOCAL:
-    case K_LOGGING:
-    case K_MAXTRANS:
-    case K_NOCOMPRESS:
-    case K_NOLOGGING:
-    case K_NOPARALLEL:
-    case K_NOREVERSE:
-    case K_NOSORT:
-    case K_ONLINE:
-    case K_PARALLEL:
-    case K_PCTFREE:
-    case K_PCTUSED:
-    case K_REVERSE:
-    case K_SORT:
-    case K_STORAGE:
-    case K_TABLESPACE:
-    case K_UNUSABLE:
-    case K_USING:
-    case K_VISIBLE: return true;
     default: return false;
   }
 }
@@ -121,7 +88,8 @@ REPCondType_e ComparisonOf(std::string_view text) {
 // which becomes a text.
 class ConditionReader {
  public:
-  ConditionReader(TokenStream& in, bool in_parentheses) : in_(in), enclosed_(in_parentheses) {}
+  // Without an end the condition ends at a ")" only.
+  ConditionReader(TokenStream& in, ConditionEnd ends) : in_(in), ends_(ends) {}
 
   Condition Read();
 
@@ -162,7 +130,7 @@ class ConditionReader {
   void FindClosings();
 
   TokenStream& in_;
-  bool enclosed_;  // the outermost level ends at a ")" only
+  ConditionEnd ends_;
   std::vector<Level> levels_;
   std::list<TokenStream::Level> depth_;  // of the levels but the outermost
   // For the tokens from first_ on: how far behind the first the ")" of a "(" is. Found for all
@@ -173,8 +141,7 @@ class ConditionReader {
 
 bool ConditionReader::AtLevelEnd() const {
   if (in_.Is(')') || in_.AtEnd()) return true;
-  bool const open = levels_.size() <= 1 && !enclosed_;
-  return open && (in_.Is(',') || StartsNextClause(in_.Peek().word));
+  return levels_.size() <= 1 && ends_ && (in_.Is(',') || ends_(in_));
 }
 
 // [NOT]... {term | (condition)} [{AND | OR} ...]...
@@ -399,10 +366,8 @@ Condition ConditionReader::ReadIsOf(REPCondType_e kind, std::string_view left) {
 bool ConditionReader::ReadRightOperand(REPCondition& test) {
   auto const mark = in_.Mark();
   if (in_.Is('(') && (in_.Peek(1).word == K_SELECT || in_.Peek(1).word == K_WITH)) {
-    auto const text = TakeParentheses();
+    auto query = ParseQueryInParentheses(in_);
     if (!ContinuesExpression(in_.Peek())) {
-      auto query = std::make_unique<REPSelect>();
-      query->SetText(in_.Copy(text));
       test.SetSelect(query.release());
       return true;
     }
@@ -426,7 +391,9 @@ bool ConditionReader::ReadOperand(std::string_view& text) {
 bool ConditionReader::ReadExpression(bool operand_due) {
   for (;;) {
     if (operand_due) {
-      while (in_.Is('-') || in_.Is('+') || in_.Is(':')) in_.Next();
+      while (in_.Is('-') || in_.Is('+') || in_.Is(':') || in_.Is(K_PRIOR) ||
+             in_.Is(K_CONNECT_BY_ROOT))
+        in_.Next();
       if (!ReadPrimary()) return false;
       operand_due = false;
     }
@@ -548,13 +515,13 @@ void ConditionReader::FindClosings() {
 
 }  // namespace
 
-std::unique_ptr<REPCondition> ParseCondition(TokenStream& in) {
-  return ConditionReader(in, false).Read();
+std::unique_ptr<REPCondition> ParseCondition(TokenStream& in, ConditionEnd ends) {
+  return ConditionReader(in, ends).Read();
 }
 
 std::unique_ptr<REPCondition> ParseConditionInParentheses(TokenStream& in) {
   in.Expect('(');
-  auto condition = ConditionReader(in, true).Read();
+  auto condition = ConditionReader(in, nullptr).Read();
   in.Expect(')');
   return condition;
 }

@@ -339,6 +339,14 @@ bool IsFurtherInlineConstraint(TokenStream const& in) {
   }
 }
 
+std::unique_ptr<REPInlineConstraintClauseList> ParseInlineConstraints(TokenStream& in) {
+  if (!IsInlineConstraint(in)) return nullptr;
+  auto list = std::make_unique<REPInlineConstraintClauseList>();
+  do list->AddTail(ParseInlineConstraint(in).release());
+  while (IsInlineConstraint(in) || (IsFurtherInlineConstraint(in) && in.Accept(',')));
+  return list;
+}
+
 bool IsOutOfLineConstraint(TokenStream const& in) {
   auto const second = in.Peek(1);
   switch (in.Peek().word) {

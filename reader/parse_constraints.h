@@ -15,6 +15,9 @@ std::unique_ptr<REPInlineConstraintClause> ParseInlineConstraint(TokenStream& in
 // library renders them. A constraint that a table can have in that place is one of the table.
 bool IsFurtherInlineConstraint(TokenStream const& in);
 
+// The constraints of a column, as far as they come; null when none comes.
+std::unique_ptr<REPInlineConstraintClauseList> ParseInlineConstraints(TokenStream& in);
+
 // Whether a constraint of a table comes, in the place of a column.
 bool IsOutOfLineConstraint(TokenStream const& in);
 std::unique_ptr<REPOutOfLineConstraint> ParseOutOfLineConstraint(TokenStream& in);

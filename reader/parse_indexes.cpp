@@ -12,6 +12,39 @@
 namespace repora::reader {
 namespace {
 
+// Words that start a property of an index, and so end the condition of a join index.
+bool StartsIndexProperty(TokenStream const& in) {
+  switch (in.Peek().word) {
+    case K_COMPRESS:
+    case K_COMPUTE:
+    case K_DISABLE:
+    case K_ENABLE:
+    case K_GLOBAL:
+    case K_INITRANS:
+    case K_INVISIBLE:
+    case K_LOCAL:
+    case K_LOGGING:
+    case K_MAXTRANS:
+    case K_NOCOMPRESS:
+    case K_NOLOGGING:
+    case K_NOPARALLEL:
+    case K_NOREVERSE:
+    case K_NOSORT:
+    case K_ONLINE:
+    case K_PARALLEL:
+    case K_PCTFREE:
+    case K_PCTUSED:
+    case K_REVERSE:
+    case K_SORT:
+    case K_STORAGE:
+    case K_TABLESPACE:
+    case K_UNUSABLE:
+    case K_USING:
+    case K_VISIBLE: return true;
+    default: return false;
+  }
+}
+
 bool AtListEnd(TokenStream const& in, std::size_t ahead = 0) {
   auto const& token = in.Peek(ahead);
   return token.punctuation == ',' || token.punctuation == ')' || token.kind == TokenKind::End;
@@ -265,7 +298,7 @@ std::unique_ptr<REPBitmapIndexClause> ParseJoinIndex(TokenStream& in, REPTableIn
   auto join = std::make_unique<REPBitmapIndexClause>();
   ParseFrom(in, *join);
   in.Expect(K_WHERE);
-  join->SetCondition(ParseCondition(in).release());
+  join->SetCondition(ParseCondition(in, StartsIndexProperty).release());
   join->SetIndexAttributes(ParseIndexAttributes(in).release());
   // What was read as an index on the table is the beginning of this one.
   join->SetTableName(table.GetTableName());

@@ -63,6 +63,12 @@ void SkipIfNotExists(TokenStream& in) {
   if (in.Accept(K_IF, K_NOT, K_EXISTS)) in.Note(token, "IF NOT EXISTS is skipped");
 }
 
+void SkipEditionable(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_EDITIONABLE) || in.Accept(K_NONEDITIONABLE))
+    in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
+}
+
 void SkipSharing(TokenStream& in) {
   auto const& token = in.Peek();
   if (!in.Accept(K_SHARING)) return;

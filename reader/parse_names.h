@@ -32,6 +32,9 @@ bool AcceptOrReplace(TokenStream& in);
 // [IF NOT EXISTS], which is skipped: a model does not know what exists.
 void SkipIfNotExists(TokenStream& in);
 
+// [EDITIONABLE | NONEDITIONABLE], which is skipped.
+void SkipEditionable(TokenStream& in);
+
 // [SHARING = word], which is skipped.
 void SkipSharing(TokenStream& in);
 

@@ -16,6 +16,9 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterTable(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateIndex(TokenStream& in);
 
+std::unique_ptr<REPStatement> ParseCreateView(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in);
+
 std::unique_ptr<REPStatement> ParseCreateSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateSynonym(TokenStream& in);

@@ -3,9 +3,11 @@
 #include "reader/parse_columns.h"
 #include "reader/parse_constraints.h"
 #include "reader/parse_names.h"
+#include "reader/parse_queries.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
 #include "repora/core/letters.h"
+#include "repora/queries/select.h"
 #include "repora/tables/create_table.h"
 
 namespace repora::reader {
@@ -20,11 +22,10 @@ struct Clauses {
   std::unique_ptr<REPName> cluster;
   std::unique_ptr<REPNameList> cluster_columns;
   bool in_overflow = false;  // segment attributes that come belong to the overflow
-  bool has_query = false;
 };
 
-// [AS] {SELECT | WITH} ...; the library renders a query without AS.
-bool StartsQuery(Word word) {
+// [AS] query; the library renders it without AS.
+bool StartsTableQuery(Word word) {
   return word == K_AS || word == K_SELECT || word == K_WITH;
 }
 
@@ -59,7 +60,7 @@ bool StartsClause(Word word) {
     case K_ROWDEPENDENCIES:
     case K_SEGMENT:
     case K_VARRAY: return true;
-    default: return StartsQuery(word) || StartsSegmentAttribute(word);
+    default: return StartsTableQuery(word) || StartsSegmentAttribute(word);
   }
 }
 
@@ -222,7 +223,6 @@ bool ParseOrganizationOption(TokenStream& in, REPCreateTable& table, Clauses& cl
 void SkipTableClause(TokenStream& in) {
   auto const& token = in.Peek();
   auto const note = [&]() -> std::string {
-    if (StartsQuery(token.word)) return "AS SELECT is not read yet";
     switch (token.word) {
       case K_PARTITION: return "PARTITION BY is not read yet";
       case K_LOB: return "LOB storage is not read yet";
@@ -238,8 +238,6 @@ void SkipTableClause(TokenStream& in) {
   if (token.kind != TokenKind::Word || StartsStatement(token.word))
     in.Fail("the end of the statement");
   in.Note(token, note());
-  if (StartsQuery(token.word))
-    while (!in.AtEnd()) in.SkipItem();
   in.Next();
   SkipRest(in);
 }
@@ -253,7 +251,10 @@ void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) 
     return;
   }
   clauses.in_overflow = false;
-  if (word == K_ON) {
+  if (StartsTableQuery(word) && !table.GetSelect()) {
+    in.Accept(K_AS);
+    table.SetSelect(ParseQuery(in).release());
+  } else if (word == K_ON) {
     ParseOnCommit(in, table);
   } else if (word == K_COMPRESS || word == K_NOCOMPRESS) {
     ParseTableCompression(in, table);
@@ -264,7 +265,6 @@ void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) 
   } else if (auto parallel = ParseParallel(in)) {
     clauses.parallel = std::move(parallel);
   } else if (!ParseTableOption(in, table) && !ParseOrganizationOption(in, table, clauses)) {
-    clauses.has_query = clauses.has_query || StartsQuery(word);
     SkipTableClause(in);
   }
 }
@@ -309,7 +309,7 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
   bool const has_columns = in.Is('(');
   if (has_columns) ParseColumns(in, *table);
   while (!in.AtEnd()) ParseTableClause(in, *table, clauses);
-  if (!has_columns && !clauses.has_query) in.Fail("'(' or AS");
+  if (!has_columns && !table->GetSelect()) in.Fail("'(' or AS");
   table->SetSegmentAttributes(clauses.segment.release());
   table->SetOverflowSegmentAttributes(clauses.overflow.release());
   table->SetParallelClause(clauses.parallel.release());

@@ -97,6 +97,9 @@ class TokenStream {
     return copy_.c_str();
   }
 
+  // Goes back to a place.
+  void Rewind(std::size_t mark) { next_ = mark; }
+
   // Takes "(" and all up to the ")" that closes it, when "(" comes.
   bool SkipParentheses();
   // Takes the coming token, with all it holds when it is a "(".

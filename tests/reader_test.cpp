@@ -316,8 +316,8 @@ TEST(Splitter, UnitsEndAtTheirSlashOrWhereAStatementStarts) {
       {"an END too many does not cut the unit",
        "create procedure p is begin null; end; end; x := 1; end;\n/\n", 1},
       {"an END that is missing does not swallow the script",
-       "create procedure p is begin if a then null; end;\ncreate or replace view v as select 1 "
-       "from dual;\n",
+       "create procedure p is begin if a then null; end;\ncreate materialized view v as select "
+       "1 from dual;\n",
        2},
       {"a trigger that calls", "create trigger g before insert on t call p(:new.a)\n/\n", 1},
       {"a dot ends input", "create procedure p is begin null; end\n.\n/\n", 1},
@@ -333,7 +333,7 @@ TEST(Splitter, UnitsEndAtTheirSlashOrWhereAStatementStarts) {
 
 TEST(ScriptReader, NamesWhatItDoesNotRead) {
   auto const result = Read(
-      "insert into t values (1);\ncreate force view \"S\".v as select 1 from dual;\ninsert into t "
+      "insert into t values (1);\ncreate materialized view \"S\".v as select 1 from dual;\ninsert into t "
       "values "
       "(2);\n"
       "comment on column t.a is 'x';\ncreate materialized view log on t;\nbegin null; end;\n/\n"
@@ -341,7 +341,7 @@ TEST(ScriptReader, NamesWhatItDoesNotRead) {
       "alter session set x = 1; (select 1 from dual);create public database link l;");
   EXPECT_EQ(Messages(result),
             "1:1 note INSERT is outside the data model; 2 statements left out\n"
-            "2:1 note CREATE VIEW \"S\".v is not read yet\n"
+            "2:1 note CREATE MATERIALIZED VIEW \"S\".v is not read yet\n"
             "4:1 note COMMENT on column t.a is not read yet\n"
             "5:1 note CREATE MATERIALIZED VIEW LOG on is not read yet\n"
             "6:1 note PL/SQL block is outside the data model; 2 statements left out\n"
@@ -502,9 +502,9 @@ TEST(ScriptReader, NotesWhatItSkipsOncePerStatement) {
        "1:310 note #1 clause READ ONLY is skipped\n"},
       {"query",
        "create table t (a, b) parallel 4 as with q as (select 1 from dual) select * from q;",
-       "1:1 CREATE TABLE t( a, b) PARALLEL 4;\n", "1:34 note #1 AS SELECT is not read yet\n"},
+       "1:1 CREATE TABLE t( a, b) PARALLEL 4 with q as (select 1 from dual) select * from q;\n", ""},
       {"query as the library renders it", "create table t ( a) SELECT b FROM u;",
-       "1:1 CREATE TABLE t( a);\n", "1:21 note #1 AS SELECT is not read yet\n"},
+       "1:1 CREATE TABLE t( a) SELECT b FROM u;\n", ""},
       {"storage", "create table t (a date) storage (initial 64 k flash_cache keep maxsize 2 g);",
        "1:1 CREATE TABLE t( a DATE) STORAGE ( INITIAL 64K );\n",
        "1:47 note #1 storage option FLASH_CACHE is skipped\n"

@@ -324,6 +324,29 @@ bool ItemRegistry::FindKey(Item const* item, ItemKey& key) const {
   return best != 0;
 }
 
+ItemRegistry::Item* ItemRegistry::FirstUnder(std::vector<std::uint32_t> const& owners, MOXId type,
+                                             std::uint32_t name, std::size_t& position) const {
+  auto const number = FindGroup(kNameSide, name, type);
+  if (!number) return nullptr;
+  auto const& group = groups_[number];
+  Item* found = nullptr;
+  if (group.is_large || owners.size() <= group.count) {
+    for (position = 0; position < owners.size() && !found; ++position)
+      found = Find({owners[position], type, name});
+    if (found) --position;
+    return found;
+  }
+  auto first = owners.end();
+  for (auto entry = group.head; entry; entry = entries_[entry].links[kNameSide].next) {
+    auto const owner = std::find(owners.begin(), first, entries_[entry].key.owner);
+    if (owner == first) continue;
+    first = owner;
+    found = entries_[entry].item;
+  }
+  position = static_cast<std::size_t>(first - owners.begin());
+  return found;
+}
+
 ItemRegistry::Item* ItemRegistry::FirstOfNameUnder(std::uint32_t name, MOXId type,
                                                    std::uint32_t owner_owner, MOXId owner_type,
                                                    ItemRegistry const& owners) const {

@@ -51,6 +51,10 @@ class ItemRegistry {
   Item* FirstOfName(std::uint32_t name) const;
   // The first entry of that name whose item (not whose key) is of one of the types.
   Item* FirstOfNameAmong(std::uint32_t name, std::vector<MOXId> const& item_types) const;
+  // The item of that type and name under the first of the owners that has one, and that owner's
+  // position; it costs no more than the owners, or the items of the name, are many.
+  Item* FirstUnder(std::vector<std::uint32_t> const& owners, MOXId type, std::uint32_t name,
+                   std::size_t& position) const;
   // The first key of an item; false when it has none.
   bool FindKey(Item const* item, ItemKey& key) const;
   // The first, by the order of their owners' first keys among those of (owner_owner, owner_type),

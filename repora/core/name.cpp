@@ -24,6 +24,14 @@ REPName::REPName(std::string_view text) {
   }
 }
 
+REPName* REPName::MakeExpression(std::string_view text) {
+  auto* const name = new REPName;
+  name->text_ = repora::Text(text);
+  name->count_ = 1;
+  name->expression_ = true;
+  return name;
+}
+
 void REPName::AddSegment(char const* segment, bool at_tail) {
   AddPiece(segment ? segment : "", at_tail);
 }

@@ -15,6 +15,8 @@ class REPName {
   // (expressions) become one segment, empty text and null one empty segment.
   explicit REPName(char const* text);
   explicit REPName(std::string_view text);
+  // An expression, kept as it is written whatever it looks like; the caller owns it.
+  static REPName* MakeExpression(std::string_view text);
 
   // A segment written in double quotes loses them and is marked as quoted. Null counts as empty.
   void AddHead(char const* segment) { AddSegment(segment, false); }

@@ -51,6 +51,41 @@ class Owned {
   T* child_ = nullptr;
 };
 
+// An owned child that copies of the holder share, for children that are not copied: conditions and
+// expressions, which are only read once they are built. Set behaves as in Owned.
+template <class T>
+class Shared {
+ public:
+  Shared() = default;
+  ~Shared() {
+    if (!holders_ || --*holders_ > 0) return;
+    delete child_;
+    delete holders_;
+  }
+  Shared(Shared const& other) : child_(other.child_), holders_(other.holders_) {
+    if (holders_) ++*holders_;
+  }
+  Shared& operator=(Shared other) noexcept {
+    std::swap(child_, other.child_);
+    std::swap(holders_, other.holders_);
+    return *this;
+  }
+
+  void Set(T* child) {
+    if (holders_ && *holders_ > 1) --*std::exchange(holders_, nullptr);
+    if (!holders_) holders_ = new int(1);
+    child_ = child;
+  }
+  T* Get() const { return child_; }
+
+  explicit operator bool() const { return child_ != nullptr; }
+  T* operator->() const { return child_; }
+
+ private:
+  T* child_ = nullptr;
+  int* holders_ = nullptr;  // null: nothing was ever set
+};
+
 // What a list does with the results of its elements' Process.
 enum class ListRule {
   StopAtFailure,      // stops at the first result other than 0 and returns it

@@ -111,6 +111,9 @@ class REPProcessor : public repora::RuntimeObject,
   MOXActionSummaryItem* FindItemPtr(std::uint32_t owner, MOXId type, REPName const* name) const;
   std::uint32_t FindItem(std::uint32_t owner, MOXId type, REPName const* name) const;
   MOXActionSummaryItem* FindItemPtr(std::uint32_t owner, MOXId type) const;
+  // The item of that name under the first of the owners that has one, and that owner's position.
+  std::uint32_t FindItemAmong(std::vector<std::uint32_t> const& owners, MOXId type,
+                              REPName const* name, std::size_t& position) const;
   // Both append. By registry order, an item once for each of its keys.
   void FindChildrenByType(std::uint32_t owner, MOXId type,
                           std::vector<MOXActionSummaryItem*>& items) const;

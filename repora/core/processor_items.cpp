@@ -122,6 +122,14 @@ MOXActionSummaryItem* REPProcessor::FindItemPtr(std::uint32_t owner, MOXId type)
   return state_->registry.FirstOfOwner(owner, type);
 }
 
+std::uint32_t REPProcessor::FindItemAmong(std::vector<std::uint32_t> const& owners, MOXId type,
+                                          REPName const* name, std::size_t& position) const {
+  ItemKey key;
+  if (!FindKeyOf(state_->names, 0, type, name, key)) return 0;
+  auto const* const item = state_->registry.FirstUnder(owners, type, key.name, position);
+  return item ? item->Id() : 0;
+}
+
 void REPProcessor::FindChildrenByType(std::uint32_t owner, MOXId type,
                                       std::vector<MOXActionSummaryItem*>& items) const {
   state_->registry.VisitOwner(owner, type, [&](MOXActionSummaryItem* item) {

@@ -73,6 +73,7 @@ inline constexpr std::string_view kIndexEntry = "IE";  // a plain index
 // ORVTypes::pType of a relationship
 inline constexpr std::int32_t kIdentifying = 2;
 inline constexpr std::int32_t kNonIdentifying = 7;
+inline constexpr std::int32_t kViewReference = 16;  // from a view to what its FROM list names
 
 // ORVTypes::pRelationshipNoNulls
 inline constexpr std::int32_t kNullsAllowed = 100;
@@ -82,6 +83,15 @@ inline constexpr std::int32_t kNoNulls = 101;
 inline constexpr std::int32_t kNoRule = 0;
 inline constexpr std::int32_t kDeleteCascade = 10005;
 inline constexpr std::int32_t kDeleteSetNull = 10006;
+
+// ORVTypes::pSelectType
+inline constexpr std::int32_t kSelectAll = 1;
+inline constexpr std::int32_t kSelectDistinct = 2;
+inline constexpr std::int32_t kSelectUnique = 3;
+
+// ORVTypes::pViewWithCheck
+inline constexpr std::int32_t kViewCheckOption = 1;
+inline constexpr std::int32_t kViewReadOnly = 2;
 
 // ORVTypes::pUseIndex
 inline constexpr std::int32_t kUsingIndex = 908;

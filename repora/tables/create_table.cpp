@@ -6,9 +6,11 @@
 #include "repora/core/properties.h"
 #include "repora/model/codes.h"
 #include "repora/model/item.h"
+#include "repora/queries/select.h"
 #include "repora/storage/compression.h"
 #include "repora/storage/parallel.h"
 #include "repora/storage/segment_attributes.h"
+#include "repora/tables/query_columns.h"
 
 namespace codes = repora::codes;
 
@@ -37,8 +39,7 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   auto& entity = *item;
   if (global_temporary_) repora::SetBoolean(entity, ORVTypes::pOracleTemporary, true);
   if (name_) repora::SetTextIfGiven(entity, ORVTypes::pDBOwner, name_->GetOwnerName(false));
-  if (auto const result = columns_.Process(processor, &entity, name_.Get()); result != REPProcessOK)
-    return result;
+  if (auto const result = ProcessColumns(processor, entity); result != REPProcessOK) return result;
   if (auto const result = constraints_.Process(processor, &entity, name_.Get());
       result != REPProcessOK)
     return result;
@@ -68,6 +69,14 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   if (monitor_ == REPMonitor_e::On) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, true);
   if (monitor_ == REPMonitor_e::Off) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, false);
   return REPProcessOK;
+}
+
+REPProcess_e REPCreateTable::ProcessColumns(REPProcessor* processor,
+                                            MOXActionSummaryItem& entity) const {
+  if (!query_) return columns_.Process(processor, &entity, name_.Get());
+  return columns_.GetCount() > 0
+             ? repora::MakeNamedColumns(*processor, entity, name_.Get(), *query_, columns_)
+             : repora::MakeQueryColumns(*processor, entity, name_.Get(), *query_);
 }
 
 REPProcess_e REPCreateTable::ProcessOrganization(REPProcessor* processor,

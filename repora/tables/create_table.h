@@ -13,6 +13,7 @@
 class MOXActionSummaryItem;
 class REPParallelClause;
 class REPSegmentAttributesClause;
+class REPSelect;
 
 // CREATE [GLOBAL TEMPORARY] TABLE [owner.]name [(columns, constraints, REF constraints)]
 //   [ON COMMIT {DELETE | PRESERVE} ROWS] [CACHE | NOCACHE] [parallel]
@@ -20,7 +21,7 @@ class REPSegmentAttributesClause;
 //   [enable_disable_clause ...] [ORGANIZATION {HEAP | INDEX | EXTERNAL}]
 //   [segment attributes] [INCLUDING column] [OVERFLOW [segment attributes]]
 //   [COMPRESS [n] | NOCOMPRESS] [MAPPING TABLE | NOMAPPING] [PCTTHRESHOLD n]
-//   [CLUSTER name (columns)] [MONITORING | NOMONITORING]
+//   [CLUSTER name (columns)] [MONITORING | NOMONITORING] [[AS] query]
 class REPCreateTable final : public REPStatement {
  public:
   REPCreateTable();
@@ -88,11 +89,15 @@ class REPCreateTable final : public REPStatement {
   }
   void SetEnableDisableClauseList(REPEnableDisableClauseList* list) { enable_disable_.Set(list); }
   REPEnableDisableClauseList* GetEnableDisableClauseList() const { return enable_disable_.Get(); }
+  // The query of CREATE TABLE ... AS, which says what columns the table has.
+  void SetSelect(REPSelect* query) { query_.Set(query); }
+  REPSelect* GetSelect() const { return query_.Get(); }
 
   REPProcess_e Process(REPProcessor* processor) const override;
   std::string AsString() const override;
 
  private:
+  REPProcess_e ProcessColumns(REPProcessor* processor, MOXActionSummaryItem& entity) const;
   REPProcess_e ProcessOrganization(REPProcessor* processor, MOXActionSummaryItem& entity) const;
   REPProcess_e ProcessIndexOrganization(REPProcessor* processor,
                                         MOXActionSummaryItem& entity) const;
@@ -126,4 +131,5 @@ class REPCreateTable final : public REPStatement {
   REPOutOfLineConstraintList constraints_;
   REPOutOfLineRefConstraintList ref_constraints_;
   repora::Owned<REPEnableDisableClauseList> enable_disable_;
+  repora::Owned<REPSelect> query_;
 };

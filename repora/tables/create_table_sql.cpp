@@ -1,6 +1,7 @@
 #include <string_view>
 
 #include "repora/core/sql_text.h"
+#include "repora/queries/select.h"
 #include "repora/storage/parallel.h"
 #include "repora/storage/segment_attributes.h"
 #include "repora/tables/create_table.h"
@@ -47,7 +48,9 @@ std::string REPCreateTable::RelationalTableText() const {
       .Option(Choose(static_cast<int>(row_dependencies_), "NOROWDEPENDENCIES", "ROWDEPENDENCIES"))
       .Option(repora::TextOf(enable_disable_.Get()));
   if (organization_ != REPOrganization_e::None) sql.Option(repora::Keyword(organization_));
-  sql.Option(repora::TextOf(segment_.Get())).Clause(" INCLUDING ", including_column_.Get());
+  sql.Option(repora::TextOf(query_.Get()))
+      .Option(repora::TextOf(segment_.Get()))
+      .Clause(" INCLUDING ", including_column_.Get());
   if (index_overflow_) sql.Append(" OVERFLOW").Option(repora::TextOf(overflow_segment_.Get()));
   auto const compression = repora::Keyword(compression_);
   if (!compression.empty()) sql.Option(compression).Option(compression_size_);
