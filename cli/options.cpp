@@ -80,7 +80,7 @@ void AddImport(CLI::App& program, Options& options) {
   app.add_option("--summary", options.summary, "Write the action summary of the run as text")
       ->type_name("FILE");
   app.add_flag("--ignore-duplicate-views", options.settings.ignore_duplicate_views,
-               "Do not report views that exist already");
+               "Define views that exist already anew");
   AddChoice(app, "--logical-case", options.settings.logical_case, kLogicalCases,
             "How logical names are made; mixed: ORDER_ITEM becomes Order Item");
   AddChoice(app, "--physical-case", options.settings.physical_case, kPhysicalCases,

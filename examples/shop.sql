@@ -106,6 +106,28 @@ CREATE TABLE stock.movement (
 COMPRESS NOCACHE PCTFREE 0;
 
 -- ---------------------------------------------------------------------------
+-- What the shop looks at
+-- ---------------------------------------------------------------------------
+CREATE OR REPLACE VIEW shop.active_customer (id, name, limit_eur) AS
+  SELECT c.customer_id, c.last_name, c.credit_limit * 1.17
+    FROM customer c
+   WHERE c.status = 'A'
+   ORDER BY c.last_name
+  WITH CHECK OPTION CONSTRAINT active_customer_ck;
+
+CREATE VIEW shop.good_customer AS
+  SELECT id, name, SUBSTR(name, 1, 1) initial FROM active_customer WHERE limit_eur > 10000;
+
+-- more than columns of tables: kept as it is
+CREATE VIEW shop.order_value AS
+  SELECT o.order_id, SUM(i.quantity * i.price) value
+    FROM customer_order o JOIN order_item i ON i.order_id = o.order_id
+   GROUP BY o.order_id;
+
+CREATE TABLE shop.customer_archive TABLESPACE &data_ts AS
+  SELECT customer_id, last_name, SYSDATE archived_at FROM customer;
+
+-- ---------------------------------------------------------------------------
 -- Names for everybody
 -- ---------------------------------------------------------------------------
 CREATE PUBLIC SYNONYM customer FOR shop.customer;
