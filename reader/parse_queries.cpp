@@ -22,6 +22,9 @@ using TableRef = std::unique_ptr<REPTableRef>;
 // Changes of the operator in a chain of set operations, each of which nests what is left of it.
 constexpr int kMostOperators = 200;
 
+// A query takes the stack of several other levels of nesting.
+constexpr std::size_t kLevelsOfQuery = 8;
+
 bool StartsQueryWord(Token const& token) {
   return token.word == K_SELECT || token.word == K_WITH;
 }
@@ -55,7 +58,7 @@ bool StartsTail(TokenStream const& in) {
 }
 
 bool EndsQuery(TokenStream const& in) {
-  return in.AtEnd() || in.Is(')') || StartsRestriction(in);
+  return in.AtEnd() || in.Is(')') || StartsRestriction(in) || StartsContainerOption(in);
 }
 
 // Clauses of a query block that have no class.
@@ -154,7 +157,7 @@ bool TakesOperand(Word word) {
   }
 }
 
-// Reserved words that stand for a value: no column has such a name.
+// Reserved words that stand for a value, as in T.ROWID: no column has such a name.
 bool IsValue(Word word) {
   switch (word) {
     case K_LEVEL:
@@ -291,8 +294,9 @@ class QueryReader {
 
   TokenStream& in_;
   bool takes_notes_;
-  bool keeps_text_ = false;  // of the query that is read
-  int depth_ = 0;            // of queries
+  bool keeps_text_ = false;       // of the query that is read
+  bool has_lone_having_ = false;  // without GROUP BY, which the classes render all the same
+  int depth_ = 0;                 // of queries
   std::vector<std::string> factors_;
   std::vector<Item> items_;
 };
@@ -353,24 +357,24 @@ Query QueryReader::ReadQueryOrText() {
 
 // [WITH ...] operand [set operation operand]... [ORDER BY ...] [row limit] [FOR UPDATE ...]
 Query QueryReader::ReadQuery() {
-  // A query takes the stack of several other levels.
-  TokenStream::Level const first(in_);
-  TokenStream::Level const second(in_);
-  TokenStream::Level const third(in_);
+  TokenStream::Level const level(in_, kLevelsOfQuery);
   struct Scope {
     explicit Scope(QueryReader& reader)
         : reader_(reader),
           keeps_text_(std::exchange(reader.keeps_text_, false)),
+          has_lone_having_(std::exchange(reader.has_lone_having_, false)),
           factors_(reader.factors_.size()) {
       ++reader_.depth_;
     }
     ~Scope() {
       --reader_.depth_;
       reader_.keeps_text_ = keeps_text_;
+      reader_.has_lone_having_ = has_lone_having_;
       reader_.factors_.resize(factors_);
     }
     QueryReader& reader_;
     bool keeps_text_;
+    bool has_lone_having_;
     std::size_t factors_;
   } const scope(*this);
 
@@ -390,7 +394,7 @@ Query QueryReader::ReadQuery() {
   if (in_.Is(K_FOR, K_UPDATE)) ReadForUpdate(*query);
   // A query that is not modelled column by column is its text, so that must be right.
   bool const is_text = depth_ > 1 || !takes_notes_ || KeepsSql(*query);
-  if (keeps_text_ || (is_text && HasQuotedNames(mark)))
+  if (keeps_text_ || (is_text && (has_lone_having_ || HasQuotedNames(mark))))
     query->SetText(in_.Copy(in_.TextSince(mark)));
   return query;
 }
@@ -537,7 +541,9 @@ bool QueryReader::IsColumn(std::size_t count) const {
                                  : IsName(token) || (i + 1 == count && token.punctuation == '*');
     if (!fits) return false;
   }
-  return count > 1 || !IsValue(items_[0].token.word);
+  auto const last = items_[count - 1].token.word;
+  bool const of_sequence = count > 1 && (last == K_CURRVAL || last == K_NEXTVAL);
+  return !of_sequence && !IsValue(last);
 }
 
 // FROM table [, table]...
@@ -745,6 +751,10 @@ void QueryReader::ReadNamedTable(REPQueryTableExpr& table) {
   table.SetDBLink(ParseDBLink(in_).release());
   ReadPartition(table);
   ReadSample(table);
+  // Of a remote table the classes say no more than its name.
+  if (table.GetDBLink() &&
+      (table.GetPartition() || table.GetSubpartition() || table.GetSampleClause()))
+    keeps_text_ = true;
 }
 
 bool QueryReader::IsFactor(REPName const& name) const {
@@ -852,6 +862,7 @@ void QueryReader::ReadBlockClauses(REPSelect& query) {
       else
         break;
     }
+    if (list->GetCount() == 0) has_lone_having_ = true;
     query.SetGroupByList(list.release());
   }
   while (StartsNewerClause(in_)) {
@@ -983,6 +994,11 @@ bool StartsQuery(TokenStream const& in) {
 
 bool StartsRestriction(TokenStream const& in) {
   return in.Is(K_WITH, K_READ) || in.Is(K_WITH, K_CHECK);
+}
+
+bool StartsContainerOption(TokenStream const& in) {
+  bool const starts = in.Is(K_CONTAINER_MAP) || in.Is(K_CONTAINERS_DEFAULT);
+  return starts && in.Peek(1).kind == TokenKind::End;
 }
 
 std::unique_ptr<REPSelect> ParseQuery(TokenStream& in) {

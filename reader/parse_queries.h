@@ -11,9 +11,9 @@ namespace repora::reader {
 bool StartsQuery(TokenStream const& in);
 
 // [WITH ...] SELECT ... [set operation ...] [ORDER BY ...] [FOR UPDATE ...]
-// Up to the end of the statement, a ")", or the WITH READ ONLY or CHECK OPTION behind it. A query
-// that holds more than the classes do keeps its text beside its clauses; one that cannot be taken
-// apart is its text, with a note.
+// Up to the end of the statement, a ")", or what a view may have behind it. A query that holds more
+// than the classes do keeps its text beside its clauses; one that cannot be taken apart is its
+// text, with a note.
 std::unique_ptr<REPSelect> ParseQuery(TokenStream& in);
 
 // ( query )
@@ -21,5 +21,8 @@ std::unique_ptr<REPSelect> ParseQueryInParentheses(TokenStream& in);
 
 // Whether WITH READ ONLY or WITH CHECK OPTION comes.
 bool StartsRestriction(TokenStream const& in);
+
+// Whether the CONTAINER_MAP or CONTAINERS_DEFAULT that ends the definition of a view comes.
+bool StartsContainerOption(TokenStream const& in);
 
 }  // namespace repora::reader

@@ -15,15 +15,16 @@ void ParseViewKind(TokenStream& in, REPCreateView& view) {
   in.Expect(K_CREATE);
   view.SetReplace(AcceptOrReplace(in));
   while (!in.Accept(K_VIEW)) {
-    auto const& token = in.Peek();
+    auto const mark = in.Mark();
     SkipEditionable(in);
+    auto const& token = in.Peek();
     if (in.Accept(K_FORCE)) {
       view.SetForce(REPViewForce_e::Force);
     } else if (in.Accept(K_NOFORCE) || in.Accept(K_NO, K_FORCE)) {
       view.SetForce(REPViewForce_e::NoForce);
     } else if (in.Accept(K_EDITIONING)) {
       in.Note(token, "clause EDITIONING is skipped");
-    } else if (&token == &in.Peek()) {
+    } else if (in.Mark() == mark) {
       in.Fail("VIEW");
     }
   }
@@ -138,8 +139,10 @@ void ParseRestriction(TokenStream& in, REPCreateView& view) {
 // [CONTAINER_MAP | CONTAINERS_DEFAULT]
 void SkipContainerOption(TokenStream& in) {
   auto const& token = in.Peek();
-  if (in.Accept(K_CONTAINER_MAP) || in.Accept(K_CONTAINERS_DEFAULT))
+  if (StartsContainerOption(in)) {
+    in.Next();
     in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
+  }
 }
 
 }  // namespace
@@ -176,7 +179,8 @@ std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in) {
   auto view = std::make_unique<REPAlterView>();
   view->SetStatementType(REPStatement_e::AlterView);
   in.Expect(K_ALTER, K_VIEW);
-  SkipIfNotExists(in);
+  auto const& start = in.Peek();
+  if (in.Accept(K_IF, K_EXISTS)) in.Note(start, "IF EXISTS is skipped");
   view->SetViewName(ParseName(in).release());
   auto const& token = in.Peek();
   if (in.Accept(K_ADD)) {
@@ -205,6 +209,7 @@ std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in) {
     view->SetAlterViewType(REPAlterView_e::Compile);
   } else if (in.Is(K_READ) || in.Is(K_EDITIONABLE) || in.Is(K_NONEDITIONABLE)) {
     in.Note(token, "ALTER VIEW " + std::string(TextOf(token.word)) + " is skipped");
+    while (!in.AtEnd()) in.Next();
     return nullptr;
   } else {
     in.Fail("what to alter of the view");

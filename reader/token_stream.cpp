@@ -90,9 +90,10 @@ bool TokenStream::SkipParentheses() {
   return true;
 }
 
-void TokenStream::Enter() {
-  if (++depth_ <= kDeepest) return;
-  --depth_;
+void TokenStream::Enter(std::size_t count) {
+  depth_ += count;
+  if (depth_ <= kDeepest) return;
+  depth_ -= count;
   throw SyntaxError(Peek().offset, "nesting deeper than 1,000 levels");
 }
 

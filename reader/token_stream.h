@@ -111,21 +111,25 @@ class TokenStream {
   void Note(Token const& at, std::string_view text);
   std::vector<SkipNote> const& Notes() const { return notes_; }
 
-  // One level of nesting; entering one too many throws a SyntaxError.
+  // A level of nesting, or what takes the stack of several; entering one too many throws a
+  // SyntaxError.
   class Level {
    public:
-    explicit Level(TokenStream& in) : in_(in) { in_.Enter(); }
-    ~Level() { --in_.depth_; }
+    explicit Level(TokenStream& in, std::size_t count = 1) : in_(in), count_(count) {
+      in_.Enter(count);
+    }
+    ~Level() { in_.depth_ -= count_; }
     Level(Level const&) = delete;
     Level& operator=(Level const&) = delete;
 
    private:
     TokenStream& in_;
+    std::size_t count_;
   };
 
  private:
   void ExpectWord(Word word);
-  void Enter();
+  void Enter(std::size_t count);
   std::string Describe(Token const& token) const;
   Token const* FindOpenParenthesis() const;
 

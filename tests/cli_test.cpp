@@ -240,7 +240,8 @@ TEST_F(Cli, RenderPrintsEveryStatementBeforeASlash) {
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.out,
             "CREATE SEQUENCE s1 Cache 5;\n/\nCREATE TABLE t( a NUMBER) PCTFREE 5;\n/\n");
-  EXPECT_TRUE(Contains(result.err, "s.sql:2:1: note: CREATE MATERIALIZED VIEW v is not read yet\n"));
+  EXPECT_TRUE(
+      Contains(result.err, "s.sql:2:1: note: CREATE MATERIALIZED VIEW v is not read yet\n"));
   EXPECT_EQ(Run({"render", "-"}, {.in = "create sequence s1;"}).out, "CREATE SEQUENCE s1;\n/\n");
 }
 

@@ -51,6 +51,8 @@ cli::ImportSettings SettingsOf(GoldenCase const& golden) {
     if (name == "model-type")
       settings.model_type =
           Choose<std::int32_t>(value, {{"logical", 1}, {"physical", 2}, {"both", 3}});
+    if (name == "ignore-duplicate-views")
+      settings.ignore_duplicate_views = Choose<bool>(value, {{"yes", true}, {"no", false}});
   }
   return settings;
 }
@@ -72,15 +74,26 @@ std::string Quoted(std::string_view text) {
   return quoted + '"';
 }
 
-// The names from below the root down to the object, "()" for one without a name.
+// The name of an object; "(NAME)" for a column that bears the name of what it shows, "()" for
+// another object without a name.
+std::string OwnNameOf(MemoryModelSet const& model, PropertySet const& properties) {
+  auto const* const name = properties.Find(MOXTypes::pName);
+  if (name && !name->View().empty()) return name->String();
+  auto const* const shown = properties.Find(ORVTypes::pParentAttributeRef);
+  auto const* const parent = shown ? model.PropertiesOf(shown->ShortId()) : nullptr;
+  if (!parent) return "()";
+  auto const parent_name = OwnNameOf(model, *parent);
+  return parent_name.starts_with('(') ? parent_name : "(" + parent_name + ")";
+}
+
+// The names from below the root down to the object.
 std::string PathOf(MemoryModelSet const& model, std::uint32_t id) {
   auto const* const properties = model.PropertiesOf(id);
   if (!properties) return std::string("?").append(std::to_string(id));
   auto const owner = model.OwnerOf(id);
   if (owner == 0) return {};
-  auto const* const name = properties->Find(MOXTypes::pName);
   auto const above = PathOf(model, owner);
-  auto const own = name && !name->View().empty() ? name->String() : std::string("()");
+  auto const own = OwnNameOf(model, *properties);
   return above.empty() ? own : above + "." + own;
 }
 

@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::string_view kTitleMark = "=== ";
 constexpr std::string_view kExpectationMark = "---";
-std::set<std::string> const kSettings = {"logical-case", "physical-case", "model-type", "define"};
+std::set<std::string> const kSettings = {"logical-case", "physical-case", "model-type",
+                                         "ignore-duplicate-views", "define"};
 
 std::vector<std::string> ReadLines(std::filesystem::path const& path) {
   std::ifstream in(path, std::ios::binary);

@@ -333,7 +333,8 @@ TEST(Splitter, UnitsEndAtTheirSlashOrWhereAStatementStarts) {
 
 TEST(ScriptReader, NamesWhatItDoesNotRead) {
   auto const result = Read(
-      "insert into t values (1);\ncreate materialized view \"S\".v as select 1 from dual;\ninsert into t "
+      "insert into t values (1);\ncreate materialized view \"S\".v as select 1 from dual;\ninsert "
+      "into t "
       "values "
       "(2);\n"
       "comment on column t.a is 'x';\ncreate materialized view log on t;\nbegin null; end;\n/\n"
@@ -502,7 +503,8 @@ TEST(ScriptReader, NotesWhatItSkipsOncePerStatement) {
        "1:310 note #1 clause READ ONLY is skipped\n"},
       {"query",
        "create table t (a, b) parallel 4 as with q as (select 1 from dual) select * from q;",
-       "1:1 CREATE TABLE t( a, b) PARALLEL 4 with q as (select 1 from dual) select * from q;\n", ""},
+       "1:1 CREATE TABLE t( a, b) PARALLEL 4 with q as (select 1 from dual) select * from q;\n",
+       ""},
       {"query as the library renders it", "create table t ( a) SELECT b FROM u;",
        "1:1 CREATE TABLE t( a) SELECT b FROM u;\n", ""},
       {"storage", "create table t (a date) storage (initial 64 k flash_cache keep maxsize 2 g);",

@@ -47,7 +47,7 @@ class REPSelectList final {
 //   [FOR UPDATE]
 // A query. It is never run: it renders itself, says whether a view of it can be modelled column by
 // column, and finds what its tables and columns are among the items of a run. What it found it
-// keeps. Chains of set operations may be as long as memory allows.
+// keeps. Chains of set operations may be as long as memory allows; only copying them recurses.
 class REPSelect final {
  public:
   // A column of the result.
@@ -122,8 +122,9 @@ class REPSelect final {
   REPProcess_e ProcessColsForView(REPProcessor* processor, MOXActionSummaryItem* view,
                                   bool replace);
 
-  // The columns of the result for CREATE TABLE ... AS SELECT: wildcards are expanded, and a name
-  // that no table has is listed as an expression.
+  // The columns of the result for CREATE TABLE ... AS SELECT: wildcards are expanded, those over an
+  // inline query to its columns, and a name that no table has is listed as an expression. A
+  // wildcard over a collection is a failure, as its columns are not known.
   REPProcess_e BuildColList(REPProcessor* processor, char const* default_owner);
   // Builds the list if need be; -1 when that fails, 0 without a select list.
   int CountCols(REPProcessor* processor, char const* default_owner);
@@ -137,6 +138,7 @@ class REPSelect final {
     std::uint32_t relationship = 0;
   };
   struct ViewColumns;
+  struct ColumnList;
 
   std::string HeadText() const;
   std::string TailText() const;
@@ -147,8 +149,9 @@ class REPSelect final {
                              MOXActionSummaryItem*& column) const;
   void LinkViewColumn(ViewColumns const& view, REPName const& name,
                       MOXActionSummaryItem& column) const;
-  REPProcess_e AddColInfo(REPProcessor* processor, REPName const& name, REPName const* alias,
-                          std::vector<ColInfo_s>& columns) const;
+  REPProcess_e AddColInfo(ColumnList& list, REPName const& name, REPName const* alias) const;
+  REPProcess_e AddAllColInfos(ColumnList& list) const;
+  std::vector<std::uint32_t> DistinctTables() const;
   std::vector<Table> TablesInKeyOrder() const;
 
   REPSelectOpt_e option_{};

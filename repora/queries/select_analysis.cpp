@@ -70,6 +70,26 @@ std::string SqlNameOf(MOXActionSummaryItem const& column) {
   return physical ? std::string(physical->View()) : std::string(column.Name());
 }
 
+void AddColumnsOf(REPProcessor const& processor, std::uint32_t table,
+                  std::vector<REPSelect::ColInfo_s>& columns) {
+  std::vector<MOXActionSummaryItem*> attributes;
+  processor.FindChildrenByType(table, ORVTypes::oAttribute, attributes);
+  for (auto const* attribute : attributes)
+    columns.push_back({SqlNameOf(*attribute), {}, attribute->Id(), 0});
+}
+
+// The inline queries and collections of an entry, in order.
+void FindUnnamed(REPTableRef const* table, std::vector<REPQueryTableExpr const*>& unnamed) {
+  if (!table) return;
+  if (auto const* const join = IsJoin(*table) ? table->GetJoinedTable() : nullptr) {
+    FindUnnamed(join->GetLeftTable(), unnamed);
+    FindUnnamed(join->GetRightTable(), unnamed);
+  } else if (auto const* const expression = table->GetQueryTableExpr();
+             expression && !expression->GetQueryName()) {
+    unnamed.push_back(expression);
+  }
+}
+
 }  // namespace
 
 bool REPSelect::IsUnionOrJoin() const {
@@ -262,66 +282,88 @@ void REPSelect::LinkViewColumn(ViewColumns const& view, REPName const& name,
     repora::SetText(column, MOXTypes::pName, name.GetName(false));
 }
 
+// A list of columns while it is made.
+struct REPSelect::ColumnList {
+  REPProcessor* processor;
+  char const* default_owner;
+  std::vector<std::uint32_t> tables;  // in key order, each once
+  std::vector<ColInfo_s> columns;
+};
+
 REPProcess_e REPSelect::BuildColList(REPProcessor* processor, char const* default_owner) {
   if (!columns_.empty()) return REPProcessOK;
   if (auto const result = ProcessTableList(processor, nullptr, default_owner, true);
       result != REPProcessOK)
     return result;
-  std::vector<ColInfo_s> columns;
+  ColumnList list{processor, default_owner, DistinctTables(), {}};
   for (int i = 0; list_ && i < list_->GetCount(); ++i) {
     auto const* const name = list_->GetName(i);
     if (!name) return REPProcessError;
-    if (auto const result = AddColInfo(processor, *name, list_->GetAlias(i), columns);
-        result != REPProcessOK)
+    if (auto const result = AddColInfo(list, *name, list_->GetAlias(i)); result != REPProcessOK)
       return result;
   }
-  columns_ = std::move(columns);
+  columns_ = std::move(list.columns);
   return REPProcessOK;
 }
 
-REPProcess_e REPSelect::AddColInfo(REPProcessor* processor, REPName const& name,
-                                   REPName const* alias, std::vector<ColInfo_s>& columns) const {
+REPProcess_e REPSelect::AddColInfo(ColumnList& list, REPName const& name,
+                                   REPName const* alias) const {
   auto const alias_text = repora::AsWritten(alias);
-  auto const add_all_of = [&](std::uint32_t table) {
-    std::vector<MOXActionSummaryItem*> attributes;
-    processor->FindChildrenByType(table, ORVTypes::oAttribute, attributes);
-    for (auto const* attribute : attributes)
-      columns.push_back({SqlNameOf(*attribute), {}, attribute->Id(), 0});
-  };
   auto const add = [&](std::uint32_t attribute) {
-    columns.push_back({name.GetName(false), alias_text, attribute, 0});
+    if (attribute != 0)
+      list.columns.push_back({name.GetName(false), alias_text, attribute, 0});
+    else
+      list.columns.push_back({name.AsString(false), alias_text, 0, 1});
     return REPProcessOK;
   };
-  auto const add_expression = [&] {
-    columns.push_back({name.AsString(false), alias_text, 0, 1});
-    return REPProcessOK;
-  };
-  if (name.IsExpression()) return add_expression();
-  auto const owner = name.GetMapOwnerName(false);
+  if (name.IsExpression()) return add(0);
   auto const own_name = LastSegment(name);
-  if (!owner.empty()) {
-    auto const table = table_map_.find(owner);
-    if (table == table_map_.end()) return REPProcessError;
-    if (IsWildcard(name)) {
-      add_all_of(table->second.id);
-      return REPProcessOK;
-    }
-    auto const attribute = processor->FindItem(table->second.id, ORVTypes::oAttribute, &own_name);
-    return attribute != 0 ? add(attribute) : REPProcessError;
+  auto const owner = name.GetMapOwnerName(false);
+  if (owner.empty()) {
+    if (IsWildcard(name)) return AddAllColInfos(list);
+    std::size_t position = 0;
+    return add(
+        list.processor->FindItemAmong(list.tables, ORVTypes::oAttribute, &own_name, position));
   }
-  // A table with an alias stands in the map twice, but its columns are in the result once.
+  auto const table = table_map_.find(owner);
+  if (table == table_map_.end()) return REPProcessError;
+  if (IsWildcard(name)) {
+    AddColumnsOf(*list.processor, table->second.id, list.columns);
+    return REPProcessOK;
+  }
+  auto const attribute =
+      list.processor->FindItem(table->second.id, ORVTypes::oAttribute, &own_name);
+  return attribute != 0 ? add(attribute) : REPProcessError;
+}
+
+// The columns of all tables, and then those of the inline queries.
+REPProcess_e REPSelect::AddAllColInfos(ColumnList& list) const {
+  for (auto const table : list.tables) AddColumnsOf(*list.processor, table, list.columns);
+  std::vector<REPQueryTableExpr const*> unnamed;
+  for (int i = 0; i < tables_->GetCount(); ++i) FindUnnamed(tables_->GetTableRef(i), unnamed);
+  for (auto const* expression : unnamed) {
+    auto* const query = expression->GetSubQuery();
+    if (!query || !query->list_) return REPProcessError;
+    if (auto const result = query->BuildColList(list.processor, list.default_owner);
+        result != REPProcessOK)
+      return result;
+    for (auto const& column : query->columns_)
+      list.columns.push_back({column.alias.empty() ? column.column : column.alias,
+                              {},
+                              column.attribute_id,
+                              column.is_expression});
+  }
+  return REPProcessOK;
+}
+
+// In key order. A table with an alias stands in the map twice, but its columns are in the result
+// once.
+std::vector<std::uint32_t> REPSelect::DistinctTables() const {
   std::vector<std::uint32_t> tables;
   for (auto const& [key, table] : table_map_)
     if (std::find(tables.begin(), tables.end(), table.id) == tables.end())
       tables.push_back(table.id);
-  if (IsWildcard(name)) {
-    for (auto const table : tables) add_all_of(table);
-    return REPProcessOK;
-  }
-  std::size_t position = 0;
-  auto const attribute =
-      processor->FindItemAmong(tables, ORVTypes::oAttribute, &own_name, position);
-  return attribute != 0 ? add(attribute) : add_expression();
+  return tables;
 }
 
 int REPSelect::CountCols(REPProcessor* processor, char const* default_owner) {
