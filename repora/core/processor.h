@@ -140,6 +140,9 @@ class REPProcessor : public repora::RuntimeObject,
   std::string GetObjectDisplayString(MOXId type) const;
   // The model's domain for an Oracle datatype name; null counts as empty.
   std::uint32_t IdentifyParentDomain(char const* datatype_name);
+  // The header, in the macros of the code generator, that a trigger on an object of that type
+  // stores in front of its body.
+  std::string GetTriggerTemplateSyntax(MOXId object_type) const;
 
   // --- Cross-reference maps; they live as long as the processor ---
 

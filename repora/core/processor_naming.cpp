@@ -6,6 +6,7 @@
 #include "repora/core/processor_state.h"
 #include "repora/model/codes.h"
 #include "repora/model/datatypes_map.h"
+#include "repora/model/trigger_template.h"
 
 namespace {
 
@@ -157,4 +158,25 @@ std::uint32_t REPProcessor::LookUpParentDomain(std::string const& datatype_name)
       return id;
   }
   return 0;
+}
+
+std::string REPProcessor::GetTriggerTemplateSyntax(MOXId object_type) const {
+  if (object_type == ORVTypes::oOracleDatabase)
+    return std::string(repora::kDatabaseTriggerTemplate);
+  auto* const model = state_->model_set ? state_->model_set->GetModel() : nullptr;
+  MOXObject found;
+  QELValue code;
+  std::string text;
+  if (ORVBuiltInObjectIndex::GetInstance().FindBuiltInObject(
+          model, ORVBuiltInObjectIndex::kTriggerTemplate, ORVTypes::oTriggerTemplate, found) &&
+      found.GetProperty(ORVTypes::pTemplateCode, code, false) == eSuccess &&
+      QELValue::HasValue(code))
+    text = code.AsString(true);
+  if (text.empty()) text = repora::kTableTriggerTemplate;
+  // Only the header is wanted: up to the line end behind its last macro.
+  constexpr std::string_view kLastMacro = "%TriggerWhen";
+  constexpr std::string_view kLineEnd = "\r\n";
+  auto const last = text.find(kLastMacro);
+  return last == std::string::npos ? text
+                                   : text.substr(0, last + kLastMacro.size() + kLineEnd.size());
 }

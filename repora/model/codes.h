@@ -60,6 +60,26 @@ inline constexpr std::int32_t kMaxExtentsUnlimited = 0;
 inline constexpr std::int32_t kOptimalNull = 0;
 inline constexpr std::int32_t kOptimalSize = 1;
 
+// ORVTypes::pTriggerFire
+inline constexpr std::int32_t kFireAfter = 0;
+inline constexpr std::int32_t kFireBefore = 1;
+inline constexpr std::int32_t kFireInsteadOf = 4;
+
+// ORVTypes::pType of a trigger: a mask of its DML events
+inline constexpr std::int32_t kTriggerUpdate = 1;
+inline constexpr std::int32_t kTriggerInsert = 2;
+inline constexpr std::int32_t kTriggerDelete = 4;
+
+// ORVTypes::pTriggerScope
+inline constexpr std::int32_t kForEachRow = 1;
+
+// ORVTypes::pTriggerDisabled
+inline constexpr std::int32_t kTriggerIsEnabled = 0;
+inline constexpr std::int32_t kTriggerIsDisabled = 1;
+
+// ORVTypes::pType of a stored procedure or function
+inline constexpr std::int32_t kStoredCode = 0;
+
 // ORVTypes::pNullOption
 inline constexpr std::int32_t kNull = 0;
 inline constexpr std::int32_t kNotNull = 1;
@@ -102,6 +122,15 @@ inline constexpr std::int32_t kIndexPartitionLocal = 1;
 
 // ORVTypes::pOracleTablespaceUsageType
 inline constexpr std::int32_t kTablespaceUsageDefault = 0;
+
+// ORVTypes::pType of a context
+inline constexpr std::int32_t kContextInitializedExternally = 0;
+inline constexpr std::int32_t kContextAccessedGlobally = 1;
+inline constexpr std::int32_t kContextInitializedGlobally = 2;
+
+// ORVTypes::pConnectionType
+inline constexpr std::int32_t kConnectAsCurrentUser = 0;
+inline constexpr std::int32_t kConnectAsNamedUser = 1;
 
 // Storage kinds: ORVTypes::pType of a physical storage item
 inline constexpr std::int32_t kUnclassifiedStorage = 0;

@@ -10,20 +10,12 @@
 #include "repora/model/dump_text.h"
 #include "repora/model/memory_builder.h"
 #include "repora/model/metamodel.h"
+#include "repora/model/trigger_template.h"
 
 namespace repora {
 namespace {
 
 constexpr std::uint32_t kRootId = 1;
-
-// The header of a trigger on a table or view, in the macros of the code generator.
-constexpr std::string_view kTriggerTemplateCode =
-    "CREATE %CreateOrReplace TRIGGER %ProcedureOwner(.)%TriggerName\r\n"
-    " %Fire %Actions(\" OR \")\r\n"
-    " ON %TableName\r\n"
-    " %RefClause\r\n"
-    " %Scope\r\n"
-    " %TriggerWhen\r\n";
 
 struct Object {
   std::uint32_t id;
@@ -252,7 +244,7 @@ MemoryModelSet::MemoryModelSet(MemoryModelOptions const& options)
   auto const trigger = AddObject(ORVTypes::oTriggerTemplate, kRootId, "Table Trigger");
   SetProperty(trigger, MOXTypes::pBuiltInId,
               QELValue::FromInteger(ORVBuiltInObjectIndex::kTriggerTemplate));
-  SetProperty(trigger, ORVTypes::pTemplateCode, QELValue(kTriggerTemplateCode));
+  SetProperty(trigger, ORVTypes::pTemplateCode, QELValue(kTableTriggerTemplate));
 }
 
 MemoryModelSet::~MemoryModelSet() = default;
