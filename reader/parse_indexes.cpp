@@ -8,6 +8,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/parse_strings.h"
 
 namespace repora::reader {
 namespace {
@@ -215,24 +216,10 @@ bool SkipPlaceholder(TokenStream& in) {
   return true;
 }
 
-// The text of a string as one in plain quotes holds it, without these.
-std::string QuotedText(std::string_view string) {
-  auto const quote = string.find('\'');
-  bool const delimited = quote > 0 && (string[quote - 1] == 'q' || string[quote - 1] == 'Q');
-  auto const edge = delimited ? std::size_t{2} : std::size_t{1};  // the quote and its delimiter
-  std::string text;
-  for (auto const letter : string.substr(quote + edge, string.size() - quote - 2 * edge)) {
-    text += letter;
-    if (delimited && letter == '\'') text += letter;
-  }
-  return text;
-}
-
 // PARAMETERS ('text'), behind its keyword
 void ParseParameters(TokenStream& in, REPDomainIndexClause& domain) {
   in.Expect('(');
-  if (in.Peek().kind != TokenKind::String) in.Fail("a string");
-  domain.SetODCIParameters(QuotedText(in.TextOf(in.Next())).c_str());
+  domain.SetODCIParameters(ParseQuotedText(in).c_str());
   in.Expect(')');
 }
 

@@ -40,12 +40,14 @@ std::unique_ptr<REPNameList> ParseNameList(TokenStream& in) {
 std::unique_ptr<REPName> ParseDBLink(TokenStream& in) {
   if (!in.Accept('@')) return nullptr;
   auto link = ParseName(in);
-  if (in.Is('@')) {
-    in.Note(in.Peek(), "connection qualifier of a database link is skipped");
-    in.Next();
-    ParseSimpleName(in);
-  }
+  SkipConnectionQualifier(in);
   return link;
+}
+
+void SkipConnectionQualifier(TokenStream& in) {
+  if (!in.Is('@')) return;
+  in.Note(in.Next(), "connection qualifier of a database link is skipped");
+  ParseSimpleName(in);
 }
 
 std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark) {

@@ -23,6 +23,9 @@ std::unique_ptr<REPNameList> ParseNameList(TokenStream& in);
 // [@ link[.domain]...]; null when there is none.
 std::unique_ptr<REPName> ParseDBLink(TokenStream& in);
 
+// [@ qualifier] behind the name of a database link, which is skipped.
+void SkipConnectionQualifier(TokenStream& in);
+
 // The script's own text since a mark.
 std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark);
 

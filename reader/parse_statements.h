@@ -23,4 +23,27 @@ std::unique_ptr<REPStatement> ParseCreateSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateSynonym(TokenStream& in);
 
+std::unique_ptr<REPStatement> ParseCreateTrigger(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterTrigger(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateProcedure(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateFunction(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreatePackage(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreatePackageBody(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateLibrary(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateIndextype(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterProcedure(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterFunction(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterPackage(TokenStream& in);
+// Java, types, dimensions, operators, outlines and schemas, and ALTER of an indextype, user or
+// profile.
+std::unique_ptr<REPStatement> ParseUnsupported(TokenStream& in);
+
+std::unique_ptr<REPStatement> ParseCreateUser(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateRole(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateProfile(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateContext(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateDirectory(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateDatabaseLink(TokenStream& in);
+std::unique_ptr<REPStatement> ParseComment(TokenStream& in);
+
 }  // namespace repora::reader

@@ -39,11 +39,12 @@ void PlsqlBlocks::TakeWord(Token const& token) {
   switch (token.word) {
     case K_PACKAGE:
     case K_TYPE:
-      if (levels_.empty() && parentheses_ == 0) header_ = Header::Package;
+      if (levels_.empty() && parentheses_ == 0 && !trigger_) header_ = Header::Package;
       break;
     case K_PROCEDURE:
     case K_FUNCTION:
-      if (parentheses_ == 0) header_ = Header::Subprogram;
+      // In the header of a trigger it is a name.
+      if (parentheses_ == 0 && !(trigger_ && levels_.empty())) header_ = Header::Subprogram;
       break;
     case K_TRIGGER:
       if (levels_.empty()) trigger_ = true;

@@ -14,6 +14,8 @@ class PlsqlBlocks {
   // Takes the next token of the unit, from its first one on; true when that token ends the unit as
   // far as nesting tells.
   bool Take(Token const& token);
+  // Whether all that was opened is closed.
+  bool IsClosed() const { return levels_.empty() && parentheses_ == 0; }
 
  private:
   enum class Level : std::uint8_t {

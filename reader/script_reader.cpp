@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "reader/characters.h"
 #include "reader/splitter.h"
 #include "reader/substitution.h"
 #include "reader/token_stream.h"
@@ -52,20 +53,30 @@ std::string StatementName(Section const& section, std::vector<Token> const& toke
   };
   if (is(first, K_IF) && is(first + 1, K_NOT) && is(first + 2, K_EXISTS)) first += 3;
   auto last = first;
-  if (section.statement->words[0] == K_COMMENT) {
-    while (last + 1 < tokens.size() && !is(last, K_IS)) ++last;
-  } else {
-    auto const is_name = [&](std::size_t at) {
-      return at < tokens.size() &&
-             (tokens[at].kind == TokenKind::Word || tokens[at].kind == TokenKind::QuotedName);
-    };
-    if (is_name(last)) ++last;
-    while (last > first && tokens[last].punctuation == '.' && is_name(last + 1)) last += 2;
-  }
+  auto const is_name = [&](std::size_t at) {
+    return at < tokens.size() &&
+           (tokens[at].kind == TokenKind::Word || tokens[at].kind == TokenKind::QuotedName);
+  };
+  if (is_name(last)) ++last;
+  while (last > first && tokens[last].punctuation == '.' && is_name(last + 1)) last += 2;
   if (last == first) return name;
   auto const start = tokens[first].offset;
   auto const part = text.substr(start, tokens[last - 1].end() - start);
   return name + " " + std::string(part.substr(0, kLongestName));
+}
+
+// Whether a statement may hold a password, so that nothing of it may be shown. A string without an
+// end hides from the splitter what stands behind it.
+bool HoldsPassword(Section const& section, std::string_view text) {
+  if (section.has_password) return true;
+  if (section.statement)
+    for (auto const word : section.statement->words)
+      if (word == K_USER || word == K_ROLE || word == K_LINK) return true;
+  if (section.fault.kind != TokenKind::Fault) return false;
+  auto const part = text.substr(section.start, section.stop - section.start);
+  auto const word = TextOf(K_IDENTIFIED);
+  return std::search(part.begin(), part.end(), word.begin(), word.end(),
+                     [](char a, char b) { return UpperAscii(a) == b; }) != part.end();
 }
 
 class ScriptReader {
@@ -88,6 +99,10 @@ class ScriptReader {
   void Include(Place const& place, Section const& section, std::vector<std::string> const& words);
   void SetOptions(std::vector<std::string> const& words);
   void NoteUndefined(Place const& place, Section const& section);
+  void Hide(Place const& place, Section const& section) {
+    result_.sources[place.source]->Hide(place.OriginOf(section.start),
+                                        place.OriginOf(section.stop));
+  }
   bool HasVariables(Place const& place, Section const& section) const {
     return prefix_ != '\0' &&
            place.text.substr(section.start, section.stop - section.start).find(prefix_) !=
@@ -173,6 +188,8 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
     }
   }
   if (kind) recognized_ = true;
+  bool const holds_password = HoldsPassword(section, place.text);
+  if (holds_password) Hide(place, section);
   std::size_t statement = 0;
   try {
     if (section.fault.kind == TokenKind::Fault)
@@ -191,7 +208,7 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
       ++result_.unread;
     }
   } catch (SyntaxError const& error) {
-    ReportUnread(place, error.Offset(), error.Text());
+    ReportUnread(place, error.Offset(), holds_password ? error.TextWithoutQuote() : error.Text());
   }
   Flush(statement);
 }
@@ -204,6 +221,8 @@ bool ScriptReader::ReadModelStatement(Place const& place, Section const& section
   for (auto const& note : in.Notes())
     Report(DiagnosticKind::Note, place, note.offset,
            note.count == 1 ? note.text : note.text + " (" + std::to_string(note.count) + ")");
+  if (section.unclosed)
+    Report(DiagnosticKind::Note, place, section.start, "the end of the unit is missing");
   if (!object) return false;
   result_.statements.push_back({std::move(object), place.source, place.OriginOf(section.start)});
   return true;
@@ -250,6 +269,7 @@ void ScriptReader::Finish() {
 }
 
 void ScriptReader::RunCommand(Place const& place, Section const& section) {
+  if (section.command == CommandKind::Other) Hide(place, section);  // such as CONNECT
   if (section.command == CommandKind::Other || section.command == CommandKind::Remark) return;
   std::string command(place.text.substr(section.start, section.end - section.start));
   ExpandedText expanded;
@@ -311,6 +331,7 @@ void ScriptReader::Include(Place const& place, Section const& section,
 
 void ScriptReader::NoteUndefined(Place const& place, Section const& section) {
   auto const text = place.text.substr(0, section.stop);
+  bool const holds_password = HoldsPassword(section, place.text);
   Lexer lexer(text);
   lexer.MoveTo(section.start);
   Token token;
@@ -320,6 +341,10 @@ void ScriptReader::NoteUndefined(Place const& place, Section const& section) {
     bool const in_code = token.offset <= use.start && use.start < token.end() &&
                          token.kind != TokenKind::String && token.kind != TokenKind::Fault;
     if (!in_code || options_.defines.contains(use.name)) continue;
+    // In the midst of a word it may as well be a part of a password.
+    bool const starts_word =
+        use.start == token.offset + (token.kind == TokenKind::QuotedName ? 1U : 0U);
+    if (holds_password && !starts_word) continue;
     if (!undefined_.insert(use.name).second) continue;
     Report(DiagnosticKind::Note, place, use.start,
            "variable " + use.name + " has no value; it stays as it is written");

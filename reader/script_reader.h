@@ -34,12 +34,23 @@ class Source {
   // The line that holds the offset, without its line end, which is looked for.
   std::string_view LineAt(std::size_t offset) const;
 
+  // Marks a part of the text that nobody is to show, because it may hold a password. The parts come
+  // in the order of the text.
+  void Hide(std::size_t begin, std::size_t end) { hidden_.push_back({begin, end}); }
+  // Whether any of it is hidden.
+  bool IsHidden(std::size_t begin, std::size_t end) const;
+
  private:
   // The start of the line that holds an offset; its number is left in line_.
   std::size_t LineStart(std::size_t offset) const;
 
   std::string name_;
   std::string text_;
+  struct Part {
+    std::size_t begin;
+    std::size_t end;
+  };
+  std::vector<Part> hidden_;
   mutable std::vector<std::size_t> lines_;  // where they start; empty until somebody asks
   mutable std::size_t line_ = 1;
   // The place asked for last.

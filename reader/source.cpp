@@ -73,4 +73,10 @@ std::string_view Source::LineAt(std::size_t offset) const {
   return std::string_view(text_).substr(start, LineEnd(text_, start) - start);
 }
 
+bool Source::IsHidden(std::size_t begin, std::size_t end) const {
+  auto const part = std::partition_point(hidden_.begin(), hidden_.end(),
+                                         [&](Part const& one) { return one.end <= begin; });
+  return part != hidden_.end() && part->begin < end;
+}
+
 }  // namespace repora::reader

@@ -70,11 +70,14 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
       if (extent == Extent::Plsql)
         for (auto const& taken : tokens_) blocks_.Take(taken);
     }
-    if (token.kind == TokenKind::End) break;
+    if (token.kind == TokenKind::End) {
+      section.unclosed = keep_all && extent == Extent::Plsql && !blocks_.IsClosed();
+      break;
+    }
     if (token.kind == TokenKind::Fault) {
       bool const stray = token.fault() == LexicalFault::StrayByte;
-      if (section.fault.kind == TokenKind::End && (!stray || keep_all || !finder_.Kind()))
-        section.fault = token;
+      bool const matters = !finder_.Kind() || (keep_all && extent != Extent::Plsql);
+      if (section.fault.kind == TokenKind::End && (!stray || matters)) section.fault = token;
       if (token.fault() == LexicalFault::OpenString) {
         lexer_.MoveTo(FindRestart(token.offset));
         last_end = static_cast<std::uint32_t>(lexer_.Offset());
@@ -83,14 +86,25 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
     }
     if (EndsStatement(token, extent)) {
       // The ";" behind an END belongs to the unit.
-      if (extent == Extent::Plsql && token.punctuation == ';') last_end = token.end();
+      if (extent == Extent::Plsql && token.punctuation == ';') {
+        last_end = token.end();
+        section.unclosed = keep_all && !blocks_.IsClosed();
+      }
       break;
     }
     if (keep_all || tokens_.size() < kTokensOfName) tokens_.push_back(token);
+    section.has_password = section.has_password || token.word == K_IDENTIFIED;
     last_end = token.end();
+    if (!finding && token.word == K_WRAPPED && IsWrapped(extent)) {
+      SkipWrapped();
+      last_end = static_cast<std::uint32_t>(lexer_.Offset());
+      while (IsBlank(text_[last_end - 1]) || IsLineEnd(text_[last_end - 1])) --last_end;
+      break;
+    }
     if (!finding && extent == Extent::Source && token.word == K_AS) {
       SkipSource();
       last_end = static_cast<std::uint32_t>(lexer_.Offset());
+      section.unclosed = keep_all && last_end == text_.size();
       break;
     }
   }
@@ -121,7 +135,7 @@ Token Splitter::FindNul(Token const& first, std::size_t end) const {
 bool Splitter::EndsStatement(Token const& token, Extent extent) {
   if (token.punctuation == '/') return IsLoneOnLine(token);
   if (extent != Extent::Plsql) return token.punctuation == ';';
-  if (token.punctuation == '.') return IsLoneOnLine(token);
+  if (token.punctuation == '.' && IsLoneOnLine(token)) return true;
   bool const closed = blocks_.Take(token);
   if (token.punctuation != ';') return false;
   auto const start = lexer_.Offset();
@@ -173,6 +187,35 @@ void Splitter::SkipSource() {
     ++offset;
   }
   lexer_.MoveTo(offset == std::string_view::npos ? text_.size() : offset);
+}
+
+// Whether the word taken last is the WRAPPED behind the name of a unit, whose code is no text.
+bool Splitter::IsWrapped(Extent extent) const {
+  auto const* const kind = finder_.Kind();
+  if (!kind || kind->words[0] != K_CREATE || (extent != Extent::Plsql && kind->words[1] != K_TYPE))
+    return false;
+  auto const name = finder_.TokensOfKind();
+  return tokens_.size() == name + 2 ||
+         (tokens_.size() == name + 4 && tokens_[name + 1].punctuation == '.');
+}
+
+// Moves to the "/" line behind wrapped code, or to a line that starts with CREATE as no line of
+// such code does, or to the end.
+void Splitter::SkipWrapped() {
+  auto offset = lexer_.Offset();
+  while (offset < text_.size()) {
+    auto const end = LineEnd(text_, offset);
+    Lexer line(text_.substr(0, end));
+    line.MoveTo(offset);
+    auto const first = line.Next();
+    if ((first.punctuation == '/' && IsLoneOnLine(first)) ||
+        (first.word == K_CREATE && StartsSection(first.offset))) {
+      lexer_.MoveTo(first.offset);
+      return;
+    }
+    offset = AfterLineEnd(text_, end);
+  }
+  lexer_.MoveTo(text_.size());
 }
 
 // Where to go on behind a string that is never closed: at the first line that starts a statement

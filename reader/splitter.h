@@ -20,7 +20,9 @@ struct Section {
   CommandKind command = CommandKind::None;
   StatementKind const* statement = nullptr;  // null: starts as no statement does
   std::size_t tokens_of_kind = 0;            // see KindFinder::TokensOfKind
-  Token fault;  // the first thing that is no token, where that matters; else an End
+  bool has_password = false;                 // it holds the word IDENTIFIED
+  bool unclosed = false;  // a unit of code that is kept, but whose end was not found
+  Token fault;            // the first thing that is no token, where that matters; else an End
 };
 
 // Cuts a script into statements and commands as SQL*Plus does. It looks at the first words of a
@@ -42,9 +44,11 @@ class Splitter {
   void ReadStatement(Token const& first, Section& section);
   Token FindNul(Token const& first, std::size_t end) const;
   bool EndsStatement(Token const& token, Extent extent);
+  bool IsWrapped(Extent extent) const;
   bool StartsSection(std::size_t offset) const;
   bool IsLoneOnLine(Token const& token) const;
   void SkipSource();
+  void SkipWrapped();
   std::size_t FindRestart(std::size_t offset) const;
   std::string_view TextAt(Token const& token) const {
     return text_.substr(token.offset, token.length);

@@ -36,7 +36,6 @@ std::string_view TokenStream::ExpectNumber() {
 }
 
 std::string TokenStream::Describe(Token const& token) const {
-  if (token.kind == TokenKind::End) return "the end of the statement";
   auto text = TextOf(token);
   text = text.substr(0, text.find_first_of("\r\n"));
   bool const whole = text.size() == token.length && text.size() <= kLongestQuote;
@@ -63,11 +62,12 @@ Token const* TokenStream::FindOpenParenthesis() const {
 
 void TokenStream::Fail(std::string_view expected) const {
   auto const& token = Peek();
-  if (token.kind == TokenKind::End)
-    if (auto const* const open = FindOpenParenthesis())
-      throw SyntaxError(open->offset, "parenthesis is not closed");
-  throw SyntaxError(token.offset,
-                    "expected " + std::string(expected) + ", found " + Describe(token));
+  auto const text = "expected " + std::string(expected);
+  if (token.kind != TokenKind::End)
+    throw SyntaxError(token.offset, text, ", found " + Describe(token));
+  if (auto const* const open = FindOpenParenthesis())
+    throw SyntaxError(open->offset, "parenthesis is not closed");
+  throw SyntaxError(token.offset, text + ", found the end of the statement");
 }
 
 std::string_view TokenStream::TextSince(std::size_t mark) const {
@@ -75,6 +75,19 @@ std::string_view TokenStream::TextSince(std::size_t mark) const {
   if (mark >= next) return {};
   auto const start = tokens_[mark].offset;
   return text_.substr(start, tokens_[next - 1].end() - start);
+}
+
+std::string_view TokenStream::TakeRest() {
+  auto const start = next_ > 0 ? tokens_[next_ - 1].end() : tokens_.front().offset;
+  next_ = tokens_.size() - 1;
+  return text_.substr(start, tokens_.back().offset - start);
+}
+
+bool TokenStream::IsBehindComment() const {
+  if (next_ == 0) return false;
+  auto const start = tokens_[next_ - 1].end();
+  auto const gap = text_.substr(start, Peek().offset - start);
+  return gap.find("--") != std::string_view::npos || gap.find("/*") != std::string_view::npos;
 }
 
 bool TokenStream::SkipParentheses() {

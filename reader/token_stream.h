@@ -14,13 +14,17 @@ namespace repora::reader {
 // A statement cannot be read: where it goes wrong, and "expected ..., found ...".
 class SyntaxError : public std::exception {
  public:
-  SyntaxError(std::size_t offset, std::string text) : offset_(offset), text_(std::move(text)) {}
+  // The quote is the part of the text that shows what the script holds.
+  SyntaxError(std::size_t offset, std::string text, std::string_view quote = {})
+      : offset_(offset), unquoted_(text.size()), text_(std::move(text.append(quote))) {}
   std::size_t Offset() const { return offset_; }
   std::string const& Text() const { return text_; }
+  std::string TextWithoutQuote() const { return text_.substr(0, unquoted_); }
   char const* what() const noexcept override { return text_.c_str(); }
 
  private:
   std::size_t offset_;
+  std::size_t unquoted_;
   std::string text_;
 };
 
@@ -90,6 +94,11 @@ class TokenStream {
   // A place between two tokens, and the script's own text from there to the last token taken.
   std::size_t Mark() const { return next_; }
   std::string_view TextSince(std::size_t mark) const;
+  // Takes all that is left: the script's own text from behind the last token taken to the end of
+  // the statement, with its blanks and comments and, of a PL/SQL unit, the ";" that ends it.
+  std::string_view TakeRest();
+  // Whether a comment stands before the coming token.
+  bool IsBehindComment() const;
 
   // A text for a setter; valid until the next call.
   char const* Copy(std::string_view text) {

@@ -232,6 +232,102 @@ TEST_F(Cli, SummaryFileHoldsTheObjects) {
   EXPECT_EQ(folder.Names(), (std::vector<std::string>{"run.txt", "s.sql"}));
 }
 
+// Each password holds SECRET, and nothing else does.
+constexpr char const* kScriptOfPasswords =
+    "CREATE USER a IDENTIFIED BY SECRET1 ACCOUNT LOCK;\n"
+    "CREATE USER a IDENTIFIED BY SECRET2;\n"
+    "CREATE USER b IDENTIFIED BY VALUES 'SECRET3' PROFILE A;\n"
+    "CREATE ROLE r IDENTIFIED BY \"SECRET4\";\n"
+    "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY SECRET5\n"
+    "  AUTHENTICATED BY v IDENTIFIED BY \"a SECRET6\" USING 'DB';\n"
+    "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY SECRET7;\n";
+
+TEST_F(Cli, RedactLeavesNoPasswordInAnyOutput) {
+  folder.Write("s.sql", kScriptOfPasswords);
+  auto const output = [&](std::vector<std::string> options) {
+    for (auto const* const name : {"out.json", "out.txt"}) folder.Write(name, "");
+    auto const result = Run(std::move(options));
+    EXPECT_EQ(result.status, 0) << result.err;
+    return result.out + result.err + folder.Read("out.json") + folder.Read("out.txt");
+  };
+  std::vector<std::string> const import = {"import",   "s.sql",     "--json",
+                                           "out.json", "--summary", "out.txt"};
+  std::vector<std::string> const render = {"render", "s.sql"};
+  auto const redacted = [](std::vector<std::string> options) {
+    options.emplace_back("--redact");
+    return options;
+  };
+
+  auto const shown = output(import);
+  for (auto const* const secret : {"SECRET1", "SECRET2", "SECRET3", "SECRET4", "SECRET7"})
+    EXPECT_TRUE(Contains(shown, secret)) << secret;
+  EXPECT_FALSE(Contains(shown, "SECRET5")) << "a link's password is no property of it";
+  auto const hidden = output(redacted(import));
+  EXPECT_FALSE(Contains(hidden, "SECRET")) << hidden;
+  auto const json = Json::parse(folder.Read("out.json"));
+  std::vector<std::string> codes;
+  for (auto const& object : json["objects"])
+    if (object["type"] == "oScriptTemplate") codes.push_back(object["properties"]["pTemplateCode"]);
+  EXPECT_EQ(codes, (std::vector<std::string>{"CREATE USER a IDENTIFIED BY **** ACCOUNT LOCK ",
+                                             "CREATE USER b IDENTIFIED BY **** PROFILE A",
+                                             "CREATE ROLE r IDENTIFIED BY ****;"}));
+  EXPECT_TRUE(Contains(hidden,
+                       "Duplicate Object Not Created - CREATE DATABASE LINK l CONNECT TO u "
+                       "IDENTIFIED BY ****\n"))
+      << hidden;
+
+  EXPECT_TRUE(Contains(output(render), "SECRET6"));
+  EXPECT_EQ(output(redacted(render)),
+            "CREATE USER a IDENTIFIED BY **** ACCOUNT LOCK \n/\n"
+            "CREATE USER a IDENTIFIED BY ****\n/\n"
+            "CREATE USER b IDENTIFIED BY **** PROFILE A\n/\n"
+            "CREATE ROLE r IDENTIFIED BY ****;\n/\n"
+            "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY **** AUTHENTICATED BY v IDENTIFIED "
+            "BY **** USING 'DB'\n/\n"
+            "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY ****\n/\n");
+}
+
+// What could not be read is no rendered text: it shows no password with and without --redact.
+TEST_F(Cli, SyntaxErrorsShowNoPassword) {
+  for (std::string const script : {
+           "CREATE USER a IDENTIFIED SECRET;",
+           "CREATE USER a PASSWORD SECRET;",
+           "CREATE USER a IDENTIFIED BY x@SECRET;",
+           "CREATE USER a IDENTIFIED BY x SECRET;",
+           "CREATE USER a IDENTIFIED BY \"SECRET;",
+           "CREATE USER a IDENTIFIED BY 'SECRET;",
+           "CREATE USER a IDENTIFIED BY x /* SECRET",
+           "CREATE USER a IDENTIFIED BY \"x&SECRET\";",
+           "CREATE USR a IDENTIFIED BY SECRET;",
+           "CREATE ROLE r SECRET;",
+           "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED 'SECRET';",
+           "CREATE DATABASE LINK l CONNECT u/SECRET;",
+           "CREATE SEQUENCE s\nCREATE USER a IDENTIFIED BY SECRET;",
+           "ALTER USER a IDENTIFIED BY x REPLACE SECRET;",
+           "ALTER USER a IDENTIFIED BY 'SECRET",
+           "ALTER ROLE r IDENTIFIED BY SECRET;",
+           "SET ROLE r IDENTIFIED BY 'SECRET",
+           "GRANT CONNECT TO a IDENTIFIED BY SECRET;",
+           // In the line of a fault
+           "CREATE USER a IDENTIFIED BY SECRET; CREATE SEQUENCE;",
+           "CREATE USER a IDENTIFIED BY\n\"SECRET\"; CREATE SEQUENCE;",
+           "CREATE SEQUENCE; CREATE USER a IDENTIFIED BY SECRET;",
+           "COMMENT ON TABLE t IS 'a'b'; CREATE USER a IDENTIFIED BY SECRET;",
+           "CREATE SEQUENCE; CONNECT a/SECRET",
+       }) {
+    auto const result = Import(script + "\n", {"--quiet", "--json", "out.json"});
+    EXPECT_TRUE(Contains(result.err, "s.sql:") || Contains(script, "&")) << script;
+    auto const json = Json::parse(folder.Read("out.json"));
+    EXPECT_FALSE(Contains(result.err + json["messages"].dump(), "SECRET")) << result.err;
+  }
+  auto const err = Import("CREATE USER a IDENTIFIED BY x QUOTA 1K IN ts;\nCREATE SEQUENCE;\n").err;
+  EXPECT_TRUE(
+      err.starts_with("s.sql:1:40: syntax error: expected ON\n"
+                      "s.sql:2:16: syntax error: expected a name, found the end of the "
+                      "statement\n  CREATE SEQUENCE;\n"))
+      << err;
+}
+
 TEST_F(Cli, RenderPrintsEveryStatementBeforeASlash) {
   folder.Write("s.sql",
                "create sequence s1 cache 5;\ncreate materialized view v as select 1 from dual;\n"
