@@ -11,6 +11,7 @@
 #include "cli/interrupt.h"
 #include "cli/message_printer.h"
 #include "cli/progress.h"
+#include "cli/redaction.h"
 #include "cli/scripts.h"
 #include "export/json_export.h"
 #include "export/report.h"
@@ -117,6 +118,7 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
 
   Console console(options);
   auto scripts = ReadScripts(options.scripts, options.defines, interrupts);
+  if (options.redact) RedactPasswords(scripts.read);
   console.TellScriptsWithoutStatements(scripts);
   auto settings = options.settings;
   if (summary_path) settings.summary_file = summary_path->Path();
@@ -152,7 +154,8 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
 
 int RunRender(Options const& options, InterruptWatch& interrupts) {
   Console console(options);
-  auto const scripts = ReadScripts(options.scripts, options.defines, interrupts);
+  auto scripts = ReadScripts(options.scripts, options.defines, interrupts);
+  if (options.redact) RedactPasswords(scripts.read);
   console.TellScriptsWithoutStatements(scripts);
   TellDiagnostics(scripts.read, console);
 

@@ -38,7 +38,8 @@ bool IsLineEnd(char c) {
 
 // The line around an offset, as much as fits, and a caret below it. Looks at no more of the script
 // than it shows: a line may be as long as the script.
-std::string LineAndCaret(std::string_view script, std::size_t offset, Style const& style) {
+std::string LineAndCaret(reader::Source const& source, std::size_t offset, Style const& style) {
+  auto const script = source.Text();
   auto const place = std::min(offset, script.size());
   auto begin = place;
   while (begin > 0 && place - begin < kBytesBeforeCaret && !IsLineEnd(script[begin - 1])) --begin;
@@ -48,7 +49,7 @@ std::string LineAndCaret(std::string_view script, std::size_t offset, Style cons
   while (end < script.size() && end - place < kBytesBehindCaret && !IsLineEnd(script[end])) ++end;
   while (end < script.size() && IsContinuation(script[end])) ++end;
   bool const cut_behind = end < script.size() && !IsLineEnd(script[end]);
-  if (begin == end) return {};
+  if (begin == end || source.IsHidden(begin, end)) return {};
 
   auto const before = (cut_before ? "..." : "") + Printable(script.substr(begin, place - begin));
   auto const behind = Printable(script.substr(place, end - place)) + (cut_behind ? "..." : "");
@@ -77,8 +78,7 @@ std::string MessageText(Message const& message, reader::Source const* source, st
     text += ": ";
   }
   text.append(PrintableSummary(message.text, kTextLimit)).append("\n");
-  if (message.kind == MessageKind::Syntax && source)
-    text += LineAndCaret(source->Text(), offset, style);
+  if (message.kind == MessageKind::Syntax && source) text += LineAndCaret(*source, offset, style);
   return text;
 }
 

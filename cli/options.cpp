@@ -67,6 +67,8 @@ void AddCommonOptions(CLI::App& app, Options& options) {
       ->type_name("NAME=VALUE");
   app.add_flag("--strict", options.strict,
                "Count warnings, duplicates and notes as failures in the exit status");
+  app.add_flag("--redact", options.redact,
+               "Show **** for the passwords of users, roles and database links in all output");
   AddChoice(app, "--color", options.color, kColorModes, "Colour messages and report");
   AddChoice(app, "--progress", options.progress, kProgressModes,
             "Show a progress bar on a terminal");

@@ -20,6 +20,7 @@ struct Options {
   std::string json;     // path or "-"; empty: none
   std::string summary;  // path; empty: none
   bool strict = false;
+  bool redact = false;  // passwords
   bool quiet = false;
   bool progress = true;  // on a terminal
   ColorMode color = ColorMode::Auto;
