@@ -193,12 +193,6 @@ std::unique_ptr<REPStatement> ParseAlter(TokenStream& in, REPStatement_e type, W
 
 }  // namespace
 
-void SkipEditionable(TokenStream& in) {
-  auto const& token = in.Peek();
-  if (in.Accept(K_EDITIONABLE) || in.Accept(K_NONEDITIONABLE))
-    in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
-}
-
 bool SkipAlterEditionable(TokenStream& in, Word kind) {
   auto const& token = in.Peek();
   if (!in.Accept(K_EDITIONABLE) && !in.Accept(K_NONEDITIONABLE)) return false;

@@ -5,9 +5,6 @@
 
 namespace repora::reader {
 
-// [EDITIONABLE | NONEDITIONABLE], which is skipped.
-void SkipEditionable(TokenStream& in);
-
 // {EDITIONABLE | NONEDITIONABLE} as all that an ALTER asks for: skipped. False when none comes.
 bool SkipAlterEditionable(TokenStream& in, Word kind);
 
