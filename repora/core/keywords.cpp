@@ -75,6 +75,13 @@ std::string_view Keyword(REPDelete_e value) {
   return Find(value, keywords);
 }
 
+std::string_view Keyword(REPShrink_e value) {
+  static constexpr std::string_view keywords[] = {"SHRINK SPACE", "SHRINK SPACE COMPACT",
+                                                  "SHRINK SPACE CASCADE",
+                                                  "SHRINK SPACE COMPACT CASCADE"};
+  return Find(value, keywords);
+}
+
 std::string_view Keyword(REPReturnAs_e value) {
   static constexpr std::string_view keywords[] = {"LOCATOR", "VALUE"};
   return Find(value, keywords);

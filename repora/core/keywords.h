@@ -24,6 +24,8 @@ enum class REPEnable_e : int {
 enum class REPValidate_e : int { None, Validate, NoValidate };
 enum class REPRely_e : int { None, Rely, NoRely };
 enum class REPDelete_e : int { None, Cascade, SetNull };
+// SHRINK SPACE and what follows it.
+enum class REPShrink_e : int { None, Space, Compact, Cascade, CompactCascade };
 enum class REPReturnAs_e : int { None, Locator, Value };
 enum class REPOrganization_e : int { None, Heap, Index, External };
 enum class REPSelectOpt_e : int { None, All, Unique, Distinct };
@@ -78,6 +80,7 @@ std::string_view Keyword(REPEnable_e value);
 std::string_view Keyword(REPValidate_e value);
 std::string_view Keyword(REPRely_e value);
 std::string_view Keyword(REPDelete_e value);
+std::string_view Keyword(REPShrink_e value);
 std::string_view Keyword(REPReturnAs_e value);
 // Always starts with "ORGANIZATION ", alone for values outside the list.
 std::string_view Keyword(REPOrganization_e value);

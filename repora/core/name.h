@@ -83,6 +83,11 @@ class REPNameList {
 
 namespace repora {
 
+// Neither null nor empty.
+inline bool IsGiven(REPName const* name) {
+  return name && !name->IsEmpty();
+}
+
 // The name as written, without quotes; empty for null.
 inline std::string AsWritten(REPName const* name) {
   return name ? name->AsString(false) : std::string();

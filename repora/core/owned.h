@@ -214,6 +214,12 @@ class ClauseList {
   Clause* GetClause(int index) const { return clauses_.At(index); }
 
  protected:
+  // The texts of the clauses.
+  std::string Join(char const* separator, bool parenthesised) const {
+    return clauses_.Join(separator, parenthesised,
+                         [](Clause const& clause) { return clause.AsString(); });
+  }
+
   OwnedList<Clause> clauses_;
 };
 

@@ -44,6 +44,14 @@ inline constexpr std::int32_t kNoMapping = 916;
 inline constexpr std::int32_t kNoCompress = 918;
 inline constexpr std::int32_t kCompress = 919;
 
+// ORVTypes::pAccessParameterType
+inline constexpr std::int32_t kAccessParametersText = 0;
+inline constexpr std::int32_t kAccessParametersQuery = 1;
+
+// ORVTypes::pRejectLimitType
+inline constexpr std::int32_t kRejectUnlimited = 0;
+inline constexpr std::int32_t kRejectNumber = 1;
+
 // ORVTypes::pOracleDataStorageType
 inline constexpr std::int32_t kHeapStorage = 0;
 inline constexpr std::int32_t kIndexOrExternalStorage = 1;
@@ -55,6 +63,37 @@ inline constexpr std::int32_t kCommitPreserve = 1;
 
 // ORVTypes::pOracleMaxExtentType
 inline constexpr std::int32_t kMaxExtentsUnlimited = 0;
+
+// ORVTypes::pStorageFileType
+inline constexpr std::int32_t kBigFile = 0;
+inline constexpr std::int32_t kSmallFile = 1;
+
+// ORVTypes::pTablespaceType
+inline constexpr std::int32_t kUndoTablespace = 0;
+inline constexpr std::int32_t kTemporaryTablespace = 1;
+inline constexpr std::int32_t kPermanentTablespace = 2;
+
+// ORVTypes::pTablespaceSystemType
+inline constexpr std::int32_t kSystemTablespace = 0;
+inline constexpr std::int32_t kSysauxTablespace = 1;
+
+// ORVTypes::pExtentManagementType
+inline constexpr std::int32_t kExtentsInDictionary = 922;
+inline constexpr std::int32_t kExtentsLocal = 923;
+
+// ORVTypes::pLocalExtentManagementType
+inline constexpr std::int32_t kLocalExtentsUnspecified = 903;
+inline constexpr std::int32_t kLocalExtentsAutoAllocate = 920;
+inline constexpr std::int32_t kLocalExtentsUniform = 921;
+
+// ORVTypes::pSegmentManagementType
+inline constexpr std::int32_t kSegmentsAuto = 926;
+inline constexpr std::int32_t kSegmentsManual = 927;
+
+// ORVTypes::pRedundancyType
+inline constexpr std::int32_t kRedundancyHigh = 0;
+inline constexpr std::int32_t kRedundancyNormal = 1;
+inline constexpr std::int32_t kRedundancyExternal = 2;
 
 // ORVTypes::pOracleOptimalSizeType
 inline constexpr std::int32_t kOptimalNull = 0;
@@ -120,6 +159,14 @@ inline constexpr std::int32_t kUsingIndex = 908;
 inline constexpr std::int32_t kIndexPartitionGlobal = 0;
 inline constexpr std::int32_t kIndexPartitionLocal = 1;
 
+// ORVTypes::pOracleIndexGlobalPartitionType
+inline constexpr std::int32_t kGlobalPartitionHash = 0;
+inline constexpr std::int32_t kGlobalPartitionRange = 1;
+
+// ORVTypes::pOracleIndexGlobalHashPartitionType
+inline constexpr std::int32_t kGlobalHashListed = 0;
+inline constexpr std::int32_t kGlobalHashByQuantity = 1;
+
 // ORVTypes::pOracleTablespaceUsageType
 inline constexpr std::int32_t kTablespaceUsageDefault = 0;
 
@@ -131,6 +178,33 @@ inline constexpr std::int32_t kContextInitializedGlobally = 2;
 // ORVTypes::pConnectionType
 inline constexpr std::int32_t kConnectAsCurrentUser = 0;
 inline constexpr std::int32_t kConnectAsNamedUser = 1;
+
+// ORVTypes::pOraclePartitionType
+inline constexpr std::int32_t kNotPartitioned = 0;
+inline constexpr std::int32_t kRangePartitioning = 1;
+inline constexpr std::int32_t kListPartitioning = 2;
+inline constexpr std::int32_t kHashPartitioning = 3;
+inline constexpr std::int32_t kCompositePartitioning = 4;
+
+// ORVTypes::pOracleHashPartitionType
+inline constexpr std::int32_t kHashPartitionsListed = 0;
+inline constexpr std::int32_t kHashPartitionsByQuantity = 1;
+
+// ORVTypes::pOracleCompositeSubpartitionType
+inline constexpr std::int32_t kSubpartitionByList = 0;
+inline constexpr std::int32_t kSubpartitionByHash = 1;
+
+// ORVTypes::pHashSubpartitionType
+inline constexpr std::int32_t kHashSubpartitionsByTemplate = 0;
+inline constexpr std::int32_t kHashSubpartitionsByQuantity = 1;
+
+// ORVTypes::pOracleTemplateSubpartitionType
+inline constexpr std::int32_t kTemplateListed = 0;
+inline constexpr std::int32_t kTemplateByQuantity = 1;
+
+// ORVTypes::pOraclePartitionLevelSubpartitionType
+inline constexpr std::int32_t kSubpartitionsByQuantity = 1;
+inline constexpr std::int32_t kSubpartitionsListed = 2;
 
 // Storage kinds: ORVTypes::pType of a physical storage item
 inline constexpr std::int32_t kUnclassifiedStorage = 0;

@@ -335,6 +335,12 @@ class MemoryValidator::NameIndex {
             TextOf(properties, MOXTypes::pName)};
   }
 
+  // Without a name, or a file that is named by its disk group only.
+  static bool MayRepeat(Key const& key) {
+    return key.name.empty() ||
+           (key.type == ORVTypes::oOraclePhysicalFile && key.name.front() == '+');
+  }
+
   void Make() {
     groups_.clear();
     group_of_.clear();
@@ -343,7 +349,7 @@ class MemoryValidator::NameIndex {
     model_set_.GetModel()->CreateIterator(iterator);
     for (MOXObject object; ++iterator;) {
       iterator.GetValue(object);
-      if (auto const key = KeyOf(object); !key.name.empty()) Enter(slots, object, key);
+      if (auto const key = KeyOf(object); !MayRepeat(key)) Enter(slots, object, key);
     }
     made_ = true;
     changes_ = model_set_.ChangeCount();
