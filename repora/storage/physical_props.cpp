@@ -30,6 +30,7 @@ std::string REPPhysicalProps::AsString() const {
   }
   SqlText sql;
   if (organization_ != REPOrganization_e::None) sql.Part(repora::Keyword(organization_));
+  sql.Part(repora::TextOf(external_.Get()));
   if (organization_ == REPOrganization_e::External) return sql.Take();
   return sql.Part(repora::TextOf(segment_.Get()))
       .PartClause("INCLUDING ", including_column_.Get())

@@ -6,10 +6,12 @@
 #include "repora/core/name.h"
 #include "repora/core/owned.h"
 #include "repora/storage/segment_attributes.h"
+#include "repora/tables/external_table.h"
 #include "repora/tables/table_options.h"
 
 // CLUSTER name (column, ...)
-// | [ORGANIZATION {HEAP | INDEX | EXTERNAL}] [segment_attributes] [INCLUDING column]
+// | ORGANIZATION EXTERNAL [external_table]
+// | [ORGANIZATION {HEAP | INDEX}] [external_table] [segment_attributes] [INCLUDING column]
 //   [OVERFLOW [segment_attributes]] [COMPRESS [n] | NOCOMPRESS] [MAPPING TABLE | NOMAPPING]
 //   [PCTTHRESHOLD n]
 class REPPhysicalProps final {
@@ -37,6 +39,7 @@ class REPPhysicalProps final {
   }
   void SetClusterName(REPName* name) { cluster_.Set(name); }
   void SetClusterColumns(REPNameList* columns) { cluster_columns_.Set(columns); }
+  void SetExternalTableClause(REPExternalTableClause* clause) { external_.Set(clause); }
 
  private:
   REPCompress_e compression_{};
@@ -50,4 +53,5 @@ class REPPhysicalProps final {
   repora::Owned<REPSegmentAttributesClause> overflow_segment_;
   repora::Owned<REPName> cluster_;
   repora::Owned<REPNameList> cluster_columns_;
+  repora::Owned<REPExternalTableClause> external_;
 };

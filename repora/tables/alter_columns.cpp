@@ -29,6 +29,8 @@ REPProcess_e REPAddColumnClause::Process(REPProcessor* processor, MOXActionSumma
   if (!processor || !table) return REPProcessError;
   if (constraint_) return constraint_->Process(processor, table, table_name);
   if (ref_constraint_) return REPProcessUnsupported;
+  if (supplemental_logging_)
+    return supplemental_logging_->Process(processor, table, REPSuppLog_e::Create);
   MOXActionSummaryItem* attribute = nullptr;
   if (processor->AddItem(table->Id(), ORVTypes::oAttribute, name_.Get(), attribute) != REPProcessOK)
     return FailColumn(*processor, REPMessage::AlterColumnFailed, table_name,
@@ -43,9 +45,12 @@ REPProcess_e REPAddColumnClause::Process(REPProcessor* processor, MOXActionSumma
 
 REPProcess_e REPAddColumnClauseList::Process(REPProcessor* processor, MOXActionSummaryItem* table,
                                              REPName const* table_name) const {
-  return clauses_.ProcessAll([&](REPAddColumnClause const& clause) {
+  auto const result = clauses_.ProcessAll([&](REPAddColumnClause const& clause) {
     return clause.Process(processor, table, table_name);
   });
+  return result == REPProcessOK && column_properties_
+             ? column_properties_->Process(processor, table)
+             : result;
 }
 
 REPModifyColumnClause::REPModifyColumnClause() = default;
@@ -64,8 +69,12 @@ REPProcess_e REPModifyColumnClause::Process(REPProcessor* processor, MOXActionSu
     repora::WriteDefault(
         *processor, *attribute, *expression_,
         processor->FindItemPtr(attribute->Id(), ORVTypes::oDefaultConstraintUsage));
-  return inline_constraints_ ? inline_constraints_->Process(processor, table, table_name, attribute)
-                             : REPProcessOK;
+  auto result = REPProcessOK;
+  if (inline_constraints_)
+    result = inline_constraints_->Process(processor, table, table_name, attribute);
+  if (result == REPProcessOK && lob_storage_)
+    result = lob_storage_->Process(processor, table, table);
+  return result;
 }
 
 REPProcess_e REPModifyColumnClauseList::Process(REPProcessor* processor,
@@ -126,5 +135,6 @@ REPProcess_e REPAlterColumnClauses::Process(REPProcessor* processor, MOXActionSu
   if (result == REPProcessOK && modify_) result = modify_->Process(processor, table, table_name);
   if (result == REPProcessOK && drop_) result = drop_->Process(processor, table);
   if (result == REPProcessOK && rename_) result = rename_->Process(processor, table, table_name);
+  if (result == REPProcessOK && modify_lobs_) result = modify_lobs_->Process(processor, table);
   return result;
 }

@@ -7,7 +7,12 @@
 #include "repora/core/name.h"
 #include "repora/core/owned.h"
 #include "repora/core/statement.h"
+#include "repora/storage/lob_storage.h"
 #include "repora/tables/datatype.h"
+#include "repora/tables/object_columns.h"
+#include "repora/tables/supplemental_logging.h"
+#include "repora/tables/table_column_props.h"
+#include "repora/tables/table_options.h"
 
 class MOXActionSummaryItem;
 class REPInlineConstraintClauseList;
@@ -19,15 +24,6 @@ class REPProcessor;
 // goes on with a drop that was interrupted.
 enum class REPDrop_e : int { None, Columns, SetUnused, UnusedColumns, ColumnsContinue };
 
-// Whether an object column may hold subtypes, and whether that holds for all levels by FORCE.
-enum class REPSubstitutable_e : int {
-  None,
-  Substitutable,
-  NotSubstitutable,
-  SubstitutableForce,
-  NotSubstitutableForce
-};
-
 namespace repora {
 
 // "ADD" and what it adds with one blank between them, wherever the blank comes from: the texts of
@@ -37,7 +33,7 @@ std::string AddClauseText(std::string_view added);
 }  // namespace repora
 
 // name [datatype] [SORT] [DEFAULT expression] [inline_constraints]
-// | out_of_line_constraint | out_of_line_ref_constraint
+// | out_of_line_constraint | out_of_line_ref_constraint | supplemental_logging
 class REPAddColumnClause {
  public:
   REPAddColumnClause();
@@ -56,13 +52,15 @@ class REPAddColumnClause {
     inline_constraints_.Set(constraints);
   }
   REPInlineConstraintClauseList* GetInlineConstraints() const { return inline_constraints_.Get(); }
-  // A clause with a constraint of either kind adds that and no column.
+  // A clause with a constraint of either kind or supplemental logging adds that and no column.
   void SetOutOfLineConstraint(REPOutOfLineConstraint* constraint) { constraint_.Set(constraint); }
   REPOutOfLineConstraint* GetOutOfLineConstraint() const { return constraint_.Get(); }
   void SetOutOfLineRefConstraint(REPOutOfLineRefConstraint* constraint) {
     ref_constraint_.Set(constraint);
   }
   REPOutOfLineRefConstraint* GetOutOfLineRefConstraint() const { return ref_constraint_.Get(); }
+  void SetSuppLogProps(REPSuppLogProps* properties) { supplemental_logging_.Set(properties); }
+  REPSuppLogProps* GetSuppLogProps() const { return supplemental_logging_.Get(); }
 
   // A column that the table has already is an error, reported here.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
@@ -77,18 +75,26 @@ class REPAddColumnClause {
   repora::Owned<REPInlineConstraintClauseList> inline_constraints_;
   repora::Owned<REPOutOfLineConstraint> constraint_;
   repora::Owned<REPOutOfLineRefConstraint> ref_constraint_;
+  repora::Owned<REPSuppLogProps> supplemental_logging_;
 };
 
-// ADD clause | ADD (clause, ...)
+// ADD {clause | (clause, ...)} [column_property ...]
 class REPAddColumnClauseList : public repora::ClauseList<REPAddColumnClause> {
  public:
+  // How columns that are added are stored.
+  void SetColumnPropList(REPTableColumnPropList* list) { column_properties_.Set(list); }
+  REPTableColumnPropList* GetColumnPropList() const { return column_properties_.Get(); }
+
   // This and the lists below end at the first result that is not OK.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
   std::string AsString() const;
+
+ private:
+  repora::Owned<REPTableColumnPropList> column_properties_;
 };
 
-// name [datatype] [DEFAULT expression] [inline_constraints]
+// name [datatype] [DEFAULT expression] [inline_constraints] [lob_storage]
 // | COLUMN name [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE]
 class REPModifyColumnClause {
  public:
@@ -106,6 +112,8 @@ class REPModifyColumnClause {
     inline_constraints_.Set(constraints);
   }
   REPInlineConstraintClauseList* GetInlineConstraints() const { return inline_constraints_.Get(); }
+  void SetLOBStorage(REPLOBStorage* storage) { lob_storage_.Set(storage); }
+  REPLOBStorage* GetLOBStorage() const { return lob_storage_.Get(); }
   // Rendered only.
   void SetSubstitutable(REPSubstitutable_e substitutable) { substitutable_ = substitutable; }
   REPSubstitutable_e GetSubstitutable() const { return substitutable_; }
@@ -120,6 +128,7 @@ class REPModifyColumnClause {
   repora::Owned<REPDatatype> datatype_;
   repora::Owned<REPExpr> expression_;
   repora::Owned<REPInlineConstraintClauseList> inline_constraints_;
+  repora::Owned<REPLOBStorage> lob_storage_;
   REPSubstitutable_e substitutable_{};
 };
 
@@ -191,7 +200,8 @@ class REPRenameColumnClauseList : public repora::ClauseList<REPRenameColumnClaus
   std::string AsString() const;
 };
 
-// [add_list] [modify_list] [drop_list] [rename_list]
+// [add_list] [modify_list] [drop_list] [rename_list] [modify_collection_list]
+//   [modify_lob_storage_list] [alter_varray_list]
 class REPAlterColumnClauses {
  public:
   void SetAddColumnClauseList(REPAddColumnClauseList* list) { add_.Set(list); }
@@ -203,6 +213,23 @@ class REPAlterColumnClauses {
   void SetRenameColumnClauseList(REPRenameColumnClauseList* list) { rename_.Set(list); }
   REPRenameColumnClauseList* GetRenameColumnClauseList() const { return rename_.Get(); }
 
+  // Rendered only.
+  void SetModifyCollectionClauseList(REPModifyCollectionClauseList* list) {
+    modify_collections_.Set(list);
+  }
+  REPModifyCollectionClauseList* GetModifyCollectionClauseList() const {
+    return modify_collections_.Get();
+  }
+  void SetModifyLOBStorageClauseList(REPModifyLOBStorageClauseList* list) {
+    modify_lobs_.Set(list);
+  }
+  REPModifyLOBStorageClauseList* GetModifyLOBStorageClauseList() const {
+    return modify_lobs_.Get();
+  }
+  // Rendered only.
+  void SetAlterVarrayClauseList(REPAlterVarrayClauseList* list) { alter_varrays_.Set(list); }
+  REPAlterVarrayClauseList* GetAlterVarrayClauseList() const { return alter_varrays_.Get(); }
+
   // The lists in this order, up to the first result that is not OK.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        REPName const* table_name) const;
@@ -213,4 +240,7 @@ class REPAlterColumnClauses {
   repora::Owned<REPModifyColumnClauseList> modify_;
   repora::Owned<REPDropColumnClauseList> drop_;
   repora::Owned<REPRenameColumnClauseList> rename_;
+  repora::Owned<REPModifyCollectionClauseList> modify_collections_;
+  repora::Owned<REPModifyLOBStorageClauseList> modify_lobs_;
+  repora::Owned<REPAlterVarrayClauseList> alter_varrays_;
 };

@@ -43,12 +43,16 @@ std::string REPAddColumnClause::AsString() const {
   return sql.Option(TextOf(inline_constraints_.Get()))
       .Append(TextOf(constraint_.Get()))
       .Append(TextOf(ref_constraint_.Get()))
+      .Append(TextOf(supplemental_logging_.Get()))
       .Take();
 }
 
 std::string REPAddColumnClauseList::AsString() const {
   auto const text = TextOfClauses(clauses_, ", ");
-  return repora::AddClauseText(clauses_.GetCount() > 1 ? "(" + text + ")" : text);
+  return SqlText()
+      .Part(repora::AddClauseText(clauses_.GetCount() > 1 ? "(" + text + ")" : text))
+      .Part(column_properties_ ? column_properties_->AsString(false) : std::string())
+      .Take();
 }
 
 std::string REPModifyColumnClause::AsString() const {
@@ -57,7 +61,7 @@ std::string REPModifyColumnClause::AsString() const {
   SqlText sql;
   sql.Name(name_.Get()).Option(repora::DatatypeText(datatype_.Get()));
   AppendDefault(sql, expression_.Get());
-  return sql.Option(TextOf(inline_constraints_.Get())).Take();
+  return sql.Option(TextOf(inline_constraints_.Get())).Option(TextOf(lob_storage_.Get())).Take();
 }
 
 std::string REPModifyColumnClauseList::AsString() const {
@@ -104,5 +108,8 @@ std::string REPAlterColumnClauses::AsString() const {
       .Part(TextOf(modify_.Get()))
       .Part(TextOf(drop_.Get()))
       .Part(TextOf(rename_.Get()))
+      .Part(TextOf(modify_collections_.Get()))
+      .Part(TextOf(modify_lobs_.Get()))
+      .Part(TextOf(alter_varrays_.Get()))
       .Take();
 }

@@ -9,7 +9,12 @@
 #include "repora/storage/parallel.h"
 #include "repora/storage/segment_attributes.h"
 #include "repora/tables/alter_columns.h"
+#include "repora/tables/alter_partitions.h"
 #include "repora/tables/constraints.h"
+#include "repora/tables/external_table.h"
+#include "repora/tables/supplemental_logging.h"
+#include "repora/tables/table_column_props.h"
+#include "repora/tables/table_organisation.h"
 
 namespace codes = repora::codes;
 
@@ -40,6 +45,11 @@ REPProcess_e REPAlterTableProps::Process(REPProcessor* processor, MOXActionSumma
   if (!processor || !table) return REPProcessError;
   if (compression_) {
     if (auto const result = compression_->Process(table); result != REPProcessOK) return result;
+  }
+  if (supplemental_logging_) {
+    if (auto const result = supplemental_logging_->Process(processor, table, supplemental_mode_);
+        result != REPProcessOK)
+      return result;
   }
   if (cache_ == REPCache_e::NoCache) repora::SetBoolean(*table, ORVTypes::pOracleCache, false);
   if (cache_ == REPCache_e::Cache) repora::SetBoolean(*table, ORVTypes::pOracleCache, true);
@@ -81,6 +91,9 @@ REPProcess_e REPAlterTableProps::ProcessRename(REPProcessor& processor, MOXActio
 
 REPProcess_e REPAlterTableProps::ProcessIndexOrganization(REPProcessor& processor,
                                                           MOXActionSummaryItem& table) const {
+  if (iot_properties_) {
+    if (auto const result = iot_properties_->Process(&table); result != REPProcessOK) return result;
+  }
   if (!iot_including_column_.empty()) {
     REPName const name(iot_including_column_.c_str());
     auto const column = processor.FindItem(table.Id(), ORVTypes::oAttribute, &name);
@@ -96,7 +109,7 @@ REPProcess_e REPAlterTableProps::ProcessIndexOrganization(REPProcessor& processo
     auto const* const storage = iot_segment_->Process(&processor, &table, codes::kOverflowStorage);
     if (storage) repora::SetReference(table, ORVTypes::pOracleOverflowStorageRef, storage->Id());
   }
-  return REPProcessOK;
+  return iot_add_overflow_ ? iot_add_overflow_->Process(&processor, &table) : REPProcessOK;
 }
 
 REPAlterTable::REPAlterTable() = default;
@@ -109,8 +122,17 @@ REPProcess_e REPAlterTable::Process(REPProcessor* processor) const {
   if (!table) return REPProcessError;
   auto const* const name = name_.Get();
   auto result = REPProcessOK;
-  if (props_) result = props_->Process(processor, table, name);
+  if (move_) result = move_->Process(processor, table);
+  if (result == REPProcessOK && props_) result = props_->Process(processor, table, name);
   if (result == REPProcessOK && columns_) result = columns_->Process(processor, table, name);
+  if (result == REPProcessOK && partitioning_) result = partitioning_->Process(processor, table);
+  if (result == REPProcessOK && external_) {
+    result = external_->Process(processor, table, true);
+    if (result == REPProcessOK) {
+      repora::SetInteger(*table, ORVTypes::pOracleDataStorageType, codes::kIndexOrExternalStorage);
+      repora::SetInteger(*table, ORVTypes::pDataOrganizationType, codes::kExternal);
+    }
+  }
   if (result == REPProcessOK && enable_disable_)
     result = enable_disable_->Process(processor, table, name);
   if (result == REPProcessOK && constraint_) result = constraint_->Process(processor, table, name);

@@ -9,35 +9,42 @@
 #include "repora/tables/table_options.h"
 
 class MOXActionSummaryItem;
+class REPAddOverflowClause;
 class REPAllocExtentClause;
 class REPAlterColumnClauses;
+class REPAlterTablePartitioning;
 class REPCompressionClause;
 class REPConstraintState;
 class REPDeallocateUnusedClause;
 class REPEnableDisableClauseList;
+class REPExternalTableClause;
+class REPIndexOrgTableClause;
+class REPMoveTableClause;
 class REPOutOfLineConstraint;
 class REPOutOfLineRefConstraint;
 class REPParallelClause;
 class REPProcessor;
 class REPSegmentAttributesClause;
+class REPSuppLogPropsList;
+class REPTableColumnPropList;
 enum class REPKeepDrop_e : int;
+enum class REPSuppLog_e : int;
 
 enum class REPModifyConstr_e : int { None, Constraint, PrimaryKey, Unique };
 enum class REPDropConstr_e : int { None, PrimaryKey, Unique, Constraint };
-// SHRINK SPACE and what follows it.
-enum class REPShrink_e : int { None, Space, Compact, Cascade, CompactCascade };
 // UPGRADE and what follows it.
 enum class REPUpgrade_e : int { None, Upgrade, IncludingData, NotIncludingData };
 enum class REPRecBlock_e : int { None, Minimize, NoMinimize };
 // Which change of an index-organised table the clause holds.
 enum class REPIOT_e : int { None, Coalesce, IndexOrganized, Overflow, AddOverflow, MappingTable };
 
-// [COMPRESS [n] | NOCOMPRESS] [ALLOCATE EXTENT ...] [DEALLOCATE UNUSED ...]
-//   [SHRINK SPACE [COMPACT] [CASCADE]] [CACHE | NOCACHE] [UPGRADE [[NOT] INCLUDING DATA]]
+// [COMPRESS [n] | NOCOMPRESS] [{ADD | DROP} supplemental_logging, ...] [ALLOCATE EXTENT ...]
+//   [DEALLOCATE UNUSED ...] [SHRINK SPACE [COMPACT] [CASCADE]] [CACHE | NOCACHE]
+//   [UPGRADE [[NOT] INCLUDING DATA] [column_properties]]
 //   [{MINIMIZE | NOMINIMIZE} RECORDS_PER_BLOCK] [parallel] [{ENABLE | DISABLE} ROW MOVEMENT]
 //   [RENAME TO table] [segment_attributes]
-//   [COALESCE] [INCLUDING column] [OVERFLOW | MAPPING TABLE] [segment_attributes]
-//   [ALLOCATE EXTENT ...] [DEALLOCATE UNUSED ...]
+//   [COALESCE] [index_org_table] [INCLUDING column] [OVERFLOW | MAPPING TABLE]
+//   [segment_attributes] [ALLOCATE EXTENT ...] [DEALLOCATE UNUSED ...] [add_overflow]
 class REPAlterTableProps {
  public:
   REPAlterTableProps();
@@ -45,6 +52,10 @@ class REPAlterTableProps {
 
   void SetCompressionClause(REPCompressionClause* clause) { compression_.Set(clause); }
   REPCompressionClause* GetCompressionClause() const { return compression_.Get(); }
+  void SetSuppLogging(REPSuppLog_e mode) { supplemental_mode_ = mode; }
+  REPSuppLog_e GetSuppLogging() const { return supplemental_mode_; }
+  void SetSuppLogPropsList(REPSuppLogPropsList* list) { supplemental_logging_.Set(list); }
+  REPSuppLogPropsList* GetSuppLogPropsList() const { return supplemental_logging_.Get(); }
   // Extents, shrinking, upgrading and records per block are rendered only.
   void SetAllocExtentClause(REPAllocExtentClause* clause) { allocate_.Set(clause); }
   REPAllocExtentClause* GetAllocExtentClause() const { return allocate_.Get(); }
@@ -56,6 +67,9 @@ class REPAlterTableProps {
   REPCache_e GetCache() const { return cache_; }
   void SetUpgrade(REPUpgrade_e upgrade) { upgrade_ = upgrade; }
   REPUpgrade_e GetUpgrade() const { return upgrade_; }
+  // How the columns of an upgraded table are stored.
+  void SetUpgradeColumns(REPTableColumnPropList* list) { upgrade_columns_.Set(list); }
+  REPTableColumnPropList* GetUpgradeColumns() const { return upgrade_columns_.Get(); }
   void SetRecBlock(REPRecBlock_e records) { records_per_block_ = records; }
   REPRecBlock_e GetRecBlock() const { return records_per_block_; }
   void SetParallelClause(REPParallelClause* clause) { parallel_.Set(clause); }
@@ -74,6 +88,8 @@ class REPAlterTableProps {
   bool GetIndexOverflow() const {
     return iot_ == REPIOT_e::Overflow || iot_ == REPIOT_e::AddOverflow;
   }
+  void SetIOTIndexOrgTableClause(REPIndexOrgTableClause* clause) { iot_properties_.Set(clause); }
+  REPIndexOrgTableClause* GetIOTIndexOrgTableClause() const { return iot_properties_.Get(); }
   void SetIOTCoalesce(bool coalesce) { iot_coalesce_ = coalesce; }
   bool GetIOTCoalesce() const { return iot_coalesce_; }
   void SetIOTAllocExtentClause(REPAllocExtentClause* clause) { iot_allocate_.Set(clause); }
@@ -89,6 +105,8 @@ class REPAlterTableProps {
     iot_segment_.Set(clause);
   }
   REPSegmentAttributesClause* GetIOTSegmentAttributesClause() const { return iot_segment_.Get(); }
+  void SetIOTAddOverflowClause(REPAddOverflowClause* clause) { iot_add_overflow_.Set(clause); }
+  REPAddOverflowClause* GetIOTAddOverflowClause() const { return iot_add_overflow_.Get(); }
 
   // table_name is the name the table has before a RENAME TO.
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
@@ -102,15 +120,19 @@ class REPAlterTableProps {
   std::string IndexOrganizationText() const;
 
   repora::Owned<REPCompressionClause> compression_;
+  REPSuppLog_e supplemental_mode_{};
+  repora::Owned<REPSuppLogPropsList> supplemental_logging_;
   repora::Owned<REPAllocExtentClause> allocate_;
   repora::Owned<REPDeallocateUnusedClause> deallocate_;
   REPShrink_e shrink_{};
   REPCache_e cache_{};
   REPUpgrade_e upgrade_{};
+  repora::Owned<REPTableColumnPropList> upgrade_columns_;
   REPRecBlock_e records_per_block_{};
   repora::Owned<REPParallelClause> parallel_;
   REPRowMovement_e row_movement_{};
   repora::Owned<REPName> new_name_;
+  repora::Owned<REPIndexOrgTableClause> iot_properties_;
   REPIOT_e iot_{};
   bool iot_coalesce_ = false;
   repora::Owned<REPAllocExtentClause> iot_allocate_;
@@ -118,13 +140,14 @@ class REPAlterTableProps {
   repora::Text iot_including_column_;
   repora::Owned<REPSegmentAttributesClause> segment_;
   repora::Owned<REPSegmentAttributesClause> iot_segment_;
+  repora::Owned<REPAddOverflowClause> iot_add_overflow_;
 };
 
-// ALTER TABLE [owner.]name [properties] [column_clauses] [ADD {constraint | ref_constraint}]
+// ALTER TABLE [owner.]name [move] [properties] [column_clauses] [ADD {constraint | ref_constraint}]
 //   [RENAME CONSTRAINT old TO new]
 //   [MODIFY {PRIMARY KEY | UNIQUE (column, ...) | CONSTRAINT name} constraint_state]
 //   [DROP {PRIMARY KEY | UNIQUE (column, ...) | CONSTRAINT name} [CASCADE] [{KEEP | DROP} INDEX]]
-//   [enable_disable ...]
+//   [partitioning] [external_table] [enable_disable ...]
 class REPAlterTable final : public REPStatement {
  public:
   REPAlterTable();
@@ -136,6 +159,12 @@ class REPAlterTable final : public REPStatement {
   REPAlterTableProps* GetAlterTableProps() const { return props_.Get(); }
   void SetAlterColumnClauses(REPAlterColumnClauses* clauses) { columns_.Set(clauses); }
   REPAlterColumnClauses* GetAlterColumnClauses() const { return columns_.Get(); }
+  void SetAlterTablePartitioning(REPAlterTablePartitioning* clause) { partitioning_.Set(clause); }
+  REPAlterTablePartitioning* GetAlterTablePartitioning() const { return partitioning_.Get(); }
+  void SetExternalTableClause(REPExternalTableClause* clause) { external_.Set(clause); }
+  REPExternalTableClause* GetExternalTableClause() const { return external_.Get(); }
+  void SetMoveTableClause(REPMoveTableClause* clause) { move_.Set(clause); }
+  REPMoveTableClause* GetMoveTableClause() const { return move_.Get(); }
   void SetEnableDisableClauseList(REPEnableDisableClauseList* list) { enable_disable_.Set(list); }
   REPEnableDisableClauseList* GetEnableDisableClauseList() const { return enable_disable_.Get(); }
   // The constraint of ADD.
@@ -180,6 +209,9 @@ class REPAlterTable final : public REPStatement {
   repora::Owned<REPName> name_;
   repora::Owned<REPAlterTableProps> props_;
   repora::Owned<REPAlterColumnClauses> columns_;
+  repora::Owned<REPAlterTablePartitioning> partitioning_;
+  repora::Owned<REPExternalTableClause> external_;
+  repora::Owned<REPMoveTableClause> move_;
   repora::Owned<REPEnableDisableClauseList> enable_disable_;
   repora::Owned<REPOutOfLineConstraint> constraint_;
   repora::Owned<REPOutOfLineRefConstraint> ref_constraint_;

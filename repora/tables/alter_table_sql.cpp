@@ -4,24 +4,18 @@
 #include "repora/storage/parallel.h"
 #include "repora/storage/segment_attributes.h"
 #include "repora/tables/alter_columns.h"
+#include "repora/tables/alter_partitions.h"
 #include "repora/tables/alter_table.h"
 #include "repora/tables/constraints.h"
+#include "repora/tables/external_table.h"
+#include "repora/tables/supplemental_logging.h"
+#include "repora/tables/table_column_props.h"
+#include "repora/tables/table_organisation.h"
 
 using repora::SqlText;
 using repora::TextOf;
 
 namespace {
-
-std::string_view ShrinkText(REPShrink_e shrink) {
-  switch (shrink) {
-    case REPShrink_e::None: break;
-    case REPShrink_e::Space: return "SHRINK SPACE";
-    case REPShrink_e::Compact: return "SHRINK SPACE COMPACT";
-    case REPShrink_e::Cascade: return "SHRINK SPACE CASCADE";
-    case REPShrink_e::CompactCascade: return "SHRINK SPACE COMPACT CASCADE";
-  }
-  return {};
-}
 
 std::string_view UpgradeText(REPUpgrade_e upgrade) {
   switch (upgrade) {
@@ -67,11 +61,14 @@ REPModifyConstr_e KindOf(REPDropConstr_e drop) {
 std::string REPAlterTableProps::AsString() const {
   return SqlText()
       .Part(TextOf(compression_.Get()))
+      .PartClause(supplemental_mode_ == REPSuppLog_e::Drop ? "DROP " : "ADD ",
+                  supplemental_logging_ ? supplemental_logging_->AsString() : std::string())
       .Part(TextOf(allocate_.Get()))
       .Part(TextOf(deallocate_.Get()))
-      .Part(ShrinkText(shrink_))
+      .Part(repora::Keyword(shrink_))
       .Part(repora::Keyword(cache_))
       .Part(UpgradeText(upgrade_))
+      .Part(upgrade_columns_ ? upgrade_columns_->AsString(false) : std::string())
       .Part(RecordsText(records_per_block_))
       .Part(TextOf(parallel_.Get()))
       .Part(RowMovementText(row_movement_))
@@ -85,18 +82,21 @@ std::string REPAlterTableProps::IndexOrganizationText() const {
   bool const coalesce = iot_coalesce_ || iot_ == REPIOT_e::Coalesce;
   return SqlText()
       .Part(coalesce ? "COALESCE" : "")
+      .Part(TextOf(iot_properties_.Get()))
       .PartClause("INCLUDING ", iot_including_column_)
       .Part(iot_ == REPIOT_e::Overflow ? "OVERFLOW" : "")
       .Part(TextOf(iot_segment_.Get()))
       .Part(iot_ == REPIOT_e::MappingTable ? "MAPPING TABLE" : "")
       .Part(TextOf(iot_allocate_.Get()))
       .Part(TextOf(iot_deallocate_.Get()))
+      .Part(TextOf(iot_add_overflow_.Get()))
       .Take();
 }
 
 std::string REPAlterTable::AsString() const {
   SqlText sql("ALTER TABLE ");
   sql.Name(name_.Get())
+      .Option(TextOf(move_.Get()))
       .Option(TextOf(props_.Get()))
       .Option(TextOf(columns_.Get()))
       .Option(repora::AddClauseText(TextOf(constraint_.Get())))
@@ -114,7 +114,11 @@ std::string REPAlterTable::AsString() const {
         .AppendIf(cascade_, " CASCADE")
         .AppendIf(keep_drop_ == REPKeepDrop_e::KeepIndex, " KEEP INDEX")
         .AppendIf(keep_drop_ == REPKeepDrop_e::DropIndex, " DROP INDEX");
-  return sql.Option(TextOf(enable_disable_.Get())).Append(";").Take();
+  return sql.Option(TextOf(partitioning_.Get()))
+      .Option(TextOf(external_.Get()))
+      .Option(TextOf(enable_disable_.Get()))
+      .Append(";")
+      .Take();
 }
 
 std::string REPAlterTable::ConstraintText(REPModifyConstr_e kind) const {

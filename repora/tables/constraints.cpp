@@ -163,10 +163,6 @@ std::string_view KeyGroupTypeOf(REPOutOfLineConstr_e constraint) {
 
 }  // namespace
 
-bool repora::IsGiven(REPName const* name) {
-  return name && !name->IsEmpty();
-}
-
 REPName repora::QualifiedConstraintName(REPName const* table_name, REPName const* constraint_name) {
   REPName qualified;
   auto const owner = table_name ? table_name->GetOwnerName(false) : std::string();

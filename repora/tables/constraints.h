@@ -34,9 +34,6 @@ enum class REPKeepDrop_e : int { None, KeepIndex, DropIndex };
 
 namespace repora {
 
-// Neither null nor empty.
-bool IsGiven(REPName const* name);
-
 // The name under which a constraint stands in the constraints map: the schema of its table, when
 // the table name has one, and the constraint's own name. Names are unique in a schema, not only in
 // a table. Null names count as empty.

@@ -9,7 +9,9 @@
 #include "repora/queries/select.h"
 #include "repora/storage/compression.h"
 #include "repora/storage/parallel.h"
+#include "repora/storage/partitions.h"
 #include "repora/storage/segment_attributes.h"
+#include "repora/tables/external_table.h"
 #include "repora/tables/query_columns.h"
 
 namespace codes = repora::codes;
@@ -39,11 +41,21 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   auto& entity = *item;
   if (global_temporary_) repora::SetBoolean(entity, ORVTypes::pOracleTemporary, true);
   if (name_) repora::SetTextIfGiven(entity, ORVTypes::pDBOwner, name_->GetOwnerName(false));
+  // Indexes and columns may ask how the table is partitioned; what is wrong with it is told later.
+  if (partitioning_) partitioning_->SetPartitionType(&entity);
   if (auto const result = ProcessColumns(processor, entity); result != REPProcessOK) return result;
+  if (partitioning_) {
+    if (auto const result = partitioning_->Process(processor, &entity, &entity);
+        result != REPProcessOK)
+      return result;
+  }
   if (auto const result = constraints_.Process(processor, &entity, name_.Get());
       result != REPProcessOK)
     return result;
   if (auto const result = ref_constraints_.Process(processor, &entity); result != REPProcessOK)
+    return result;
+  if (auto const result = supplemental_logging_.Process(processor, &entity, REPSuppLog_e::Create);
+      result != REPProcessOK)
     return result;
   if (commit_ == REPCommit_e::DeleteRows)
     repora::SetInteger(entity, ORVTypes::pOracleCommitType, codes::kCommitDelete);
@@ -54,6 +66,8 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   if (auto const result = ProcessCluster(processor, entity); result != REPProcessOK) return result;
   ProcessSegment(processor, entity);
   ProcessCompression(entity);
+  if (auto const result = column_properties_.Process(processor, &entity); result != REPProcessOK)
+    return result;
   SetChoice(entity, ORVTypes::pOracleCache, static_cast<int>(cache_));
   if (parallel_) {
     if (auto const result = parallel_->Process(processor, &entity); result != REPProcessOK)
@@ -91,7 +105,7 @@ REPProcess_e REPCreateTable::ProcessOrganization(REPProcessor* processor,
     case REPOrganization_e::External:
       repora::SetInteger(entity, ORVTypes::pOracleDataStorageType, codes::kIndexOrExternalStorage);
       repora::SetInteger(entity, ORVTypes::pDataOrganizationType, codes::kExternal);
-      break;
+      return external_ ? external_->Process(processor, &entity, false) : REPProcessOK;
   }
   return REPProcessOK;
 }

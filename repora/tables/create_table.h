@@ -8,20 +8,26 @@
 #include "repora/core/statement.h"
 #include "repora/tables/columns.h"
 #include "repora/tables/constraints.h"
+#include "repora/tables/supplemental_logging.h"
+#include "repora/tables/table_column_props.h"
 #include "repora/tables/table_options.h"
 
 class MOXActionSummaryItem;
+class REPExternalTableClause;
 class REPParallelClause;
 class REPSegmentAttributesClause;
 class REPSelect;
+class REPTablePartitioningClause;
 
-// CREATE [GLOBAL TEMPORARY] TABLE [owner.]name [(columns, constraints, REF constraints)]
+// CREATE [GLOBAL TEMPORARY] TABLE [owner.]name
+//   [(columns, constraints, REF constraints, supplemental logging)]
 //   [ON COMMIT {DELETE | PRESERVE} ROWS] [CACHE | NOCACHE] [parallel]
 //   [{ENABLE | DISABLE} ROW MOVEMENT] [ROWDEPENDENCIES | NOROWDEPENDENCIES]
-//   [enable_disable_clause ...] [ORGANIZATION {HEAP | INDEX | EXTERNAL}]
+//   [enable_disable_clause ...] [ORGANIZATION {HEAP | INDEX | EXTERNAL (external_table)}]
 //   [segment attributes] [INCLUDING column] [OVERFLOW [segment attributes]]
 //   [COMPRESS [n] | NOCOMPRESS] [MAPPING TABLE | NOMAPPING] [PCTTHRESHOLD n]
-//   [CLUSTER name (columns)] [MONITORING | NOMONITORING] [[AS] query]
+//   [CLUSTER name (columns)] [column_properties] [PARTITION BY ...] [MONITORING | NOMONITORING]
+//   [[AS] query]
 class REPCreateTable final : public REPStatement {
  public:
   REPCreateTable();
@@ -73,6 +79,8 @@ class REPCreateTable final : public REPStatement {
   // The columns of this table that stand for the cluster key.
   void SetClusterColumns(REPNameList* columns) { cluster_columns_.Set(columns); }
   REPNameList* GetClusterColumns() const { return cluster_columns_.Get(); }
+  void SetPartitioningClause(REPTablePartitioningClause* clause) { partitioning_.Set(clause); }
+  REPTablePartitioningClause* GetPartitioningClause() const { return partitioning_.Get(); }
   // Adds at the head of the list: columns are added from the last to the first.
   void AddRelationalColumn(REPRelTableColumn* column) { columns_.AddHead(column); }
   REPRelTableColumnList const& GetRelationalColumns() const { return columns_; }
@@ -87,6 +95,12 @@ class REPCreateTable final : public REPStatement {
   REPOutOfLineRefConstraintList const& GetOutOfLineRefConstraints() const {
     return ref_constraints_;
   }
+  void AddSuppLogProps(REPSuppLogProps* properties) { supplemental_logging_.AddHead(properties); }
+  REPSuppLogPropsList const& GetSuppLogProps() const { return supplemental_logging_; }
+  void AddColumnProp(REPTableColumnProp* properties) { column_properties_.AddHead(properties); }
+  REPTableColumnPropList const& GetColumnProps() const { return column_properties_; }
+  void SetExternalTableClause(REPExternalTableClause* clause) { external_.Set(clause); }
+  REPExternalTableClause* GetExternalTableClause() const { return external_.Get(); }
   void SetEnableDisableClauseList(REPEnableDisableClauseList* list) { enable_disable_.Set(list); }
   REPEnableDisableClauseList* GetEnableDisableClauseList() const { return enable_disable_.Get(); }
   // The query of CREATE TABLE ... AS, which says what columns the table has.
@@ -127,9 +141,13 @@ class REPCreateTable final : public REPStatement {
   repora::Owned<REPSegmentAttributesClause> overflow_segment_;
   repora::Owned<REPName> cluster_;
   repora::Owned<REPNameList> cluster_columns_;
+  repora::Owned<REPTablePartitioningClause> partitioning_;
+  REPTableColumnPropList column_properties_;
   REPRelTableColumnList columns_;
+  REPSuppLogPropsList supplemental_logging_;
   REPOutOfLineConstraintList constraints_;
   REPOutOfLineRefConstraintList ref_constraints_;
+  repora::Owned<REPExternalTableClause> external_;
   repora::Owned<REPEnableDisableClauseList> enable_disable_;
   repora::Owned<REPSelect> query_;
 };

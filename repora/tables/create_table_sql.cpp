@@ -3,8 +3,10 @@
 #include "repora/core/sql_text.h"
 #include "repora/queries/select.h"
 #include "repora/storage/parallel.h"
+#include "repora/storage/partitions.h"
 #include "repora/storage/segment_attributes.h"
 #include "repora/tables/create_table.h"
+#include "repora/tables/external_table.h"
 
 using repora::SqlText;
 
@@ -48,9 +50,9 @@ std::string REPCreateTable::RelationalTableText() const {
       .Option(Choose(static_cast<int>(row_dependencies_), "NOROWDEPENDENCIES", "ROWDEPENDENCIES"))
       .Option(repora::TextOf(enable_disable_.Get()));
   if (organization_ != REPOrganization_e::None) sql.Option(repora::Keyword(organization_));
-  sql.Option(repora::TextOf(query_.Get()))
-      .Option(repora::TextOf(segment_.Get()))
-      .Clause(" INCLUDING ", including_column_.Get());
+  sql.Option(repora::TextOf(query_.Get()));
+  if (external_) sql.Append("(").Append(external_->AsString()).Append(")");
+  sql.Option(repora::TextOf(segment_.Get())).Clause(" INCLUDING ", including_column_.Get());
   if (index_overflow_) sql.Append(" OVERFLOW").Option(repora::TextOf(overflow_segment_.Get()));
   auto const compression = repora::Keyword(compression_);
   if (!compression.empty()) sql.Option(compression).Option(compression_size_);
@@ -60,7 +62,10 @@ std::string REPCreateTable::RelationalTableText() const {
     sql.Append(" CLUSTER ").Name(cluster_.Get());
     if (cluster_columns_) sql.Append(cluster_columns_->AsString(true));
   }
-  return sql.Append(";").Take();
+  return sql.Option(column_properties_.AsString(true))
+      .Option(repora::TextOf(partitioning_.Get()))
+      .Append(";")
+      .Take();
 }
 
 std::string REPCreateTable::RelationalPropertiesText() const {
@@ -68,5 +73,6 @@ std::string REPCreateTable::RelationalPropertiesText() const {
   if (columns_.GetCount() > 0) sql.Part(" " + columns_.AsString(), ", ");
   if (constraints_.GetCount() > 0) sql.Part(" " + constraints_.AsString(), ", ");
   if (ref_constraints_.GetCount() > 0) sql.Part(" " + ref_constraints_.AsString(), ", ");
+  if (supplemental_logging_.GetCount() > 0) sql.Part(" " + supplemental_logging_.AsString(), ", ");
   return sql.Take();
 }

@@ -8,6 +8,7 @@
 #include "repora/model/item.h"
 #include "repora/queries/conditions.h"
 #include "repora/storage/compression.h"
+#include "repora/tables/index_partitions.h"
 
 namespace codes = repora::codes;
 
@@ -103,11 +104,20 @@ REPProcess_e REPDomainIndexClause::Process(REPProcessor* /*processor*/,
   return REPProcessOK;
 }
 
+REPIndexPropertiesClause::REPIndexPropertiesClause() = default;
+
+REPIndexPropertiesClause::~REPIndexPropertiesClause() = default;
+
 REPProcess_e REPIndexPropertiesClause::Process(REPProcessor* processor, MOXActionSummaryItem* table,
                                                MOXActionSummaryItem* key_group) const {
   if (auto const result = attributes_.Process(processor, key_group, table); result != REPProcessOK)
     return result;
-  return domain_ ? domain_->Process(processor, table, key_group) : REPProcessOK;
+  auto result = domain_ ? domain_->Process(processor, table, key_group) : REPProcessOK;
+  if (global_) {
+    result = global_->Process(processor, table, key_group);
+    if (result != REPProcessOK) return result;
+  }
+  return local_ ? local_->Process(processor, table, key_group) : result;
 }
 
 REPProcess_e REPClusterIndexClause::Process(REPProcessor* processor, REPName const* index_name,

@@ -13,6 +13,8 @@
 
 class MOXActionSummaryItem;
 class REPCondition;
+class REPGlobalPartitionedIndexClause;
+class REPLocalPartitionedIndexClause;
 class REPProcessor;
 
 // Whether the partitions of an index are those of its table.
@@ -141,14 +143,21 @@ class REPDomainIndexClause {
   repora::Text parameters_;
 };
 
-// index_attributes [domain_index]
+// index_attributes [domain_index] [global_partitions] [local_partitions]
 class REPIndexPropertiesClause {
  public:
+  REPIndexPropertiesClause();
+  ~REPIndexPropertiesClause();
+
   // Filled in place.
   REPIndexAttributesClause* GetIndexAttributes() { return &attributes_; }
   REPIndexAttributesClause const* GetIndexAttributes() const { return &attributes_; }
   void SetDomainIndex(REPDomainIndexClause* clause) { domain_.Set(clause); }
   REPDomainIndexClause* GetDomainIndex() const { return domain_.Get(); }
+  void SetGlobalIndex(REPGlobalPartitionedIndexClause* clause) { global_.Set(clause); }
+  REPGlobalPartitionedIndexClause* GetGlobalIndex() const { return global_.Get(); }
+  void SetLocalIndex(REPLocalPartitionedIndexClause* clause) { local_.Set(clause); }
+  REPLocalPartitionedIndexClause* GetLocalIndex() const { return local_.Get(); }
 
   REPProcess_e Process(REPProcessor* processor, MOXActionSummaryItem* table,
                        MOXActionSummaryItem* key_group) const;
@@ -157,6 +166,8 @@ class REPIndexPropertiesClause {
  private:
   REPIndexAttributesClause attributes_;
   repora::Owned<REPDomainIndexClause> domain_;
+  repora::Owned<REPGlobalPartitionedIndexClause> global_;
+  repora::Owned<REPLocalPartitionedIndexClause> local_;
 };
 
 // CLUSTER [owner.]name [index_attributes]
@@ -206,6 +217,7 @@ class REPTableIndexClause {
 };
 
 // [owner.]table (expression, ...) FROM table [alias], ... WHERE condition [index_attributes]
+//   [local_partitions]
 // A bitmap join index. Rendered only.
 class REPBitmapIndexClause {
  public:
@@ -224,6 +236,8 @@ class REPBitmapIndexClause {
   REPCondition* GetCondition() const { return condition_.Get(); }
   void SetIndexAttributes(REPIndexAttributesClause* attributes) { attributes_.Set(attributes); }
   REPIndexAttributesClause* GetIndexAttributes() const { return attributes_.Get(); }
+  void SetLocalPartition(REPLocalPartitionedIndexClause* clause) { local_.Set(clause); }
+  REPLocalPartitionedIndexClause* GetLocalPartition() const { return local_.Get(); }
 
   std::string AsString() const;
 
@@ -234,6 +248,7 @@ class REPBitmapIndexClause {
   repora::OwnedList<REPName, repora::NullElements::Kept> from_aliases_;
   repora::Owned<REPCondition> condition_;
   repora::Owned<REPIndexAttributesClause> attributes_;
+  repora::Owned<REPLocalPartitionedIndexClause> local_;
 };
 
 // CREATE [UNIQUE | BITMAP] INDEX [owner.]name ON {cluster_index | table_index | bitmap_join_index}

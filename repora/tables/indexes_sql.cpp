@@ -1,6 +1,7 @@
 #include "repora/core/sql_text.h"
 #include "repora/queries/conditions.h"
 #include "repora/storage/compression.h"
+#include "repora/tables/index_partitions.h"
 #include "repora/tables/indexes.h"
 
 using repora::SqlText;
@@ -46,7 +47,12 @@ std::string REPDomainIndexClause::AsString() const {
 }
 
 std::string REPIndexPropertiesClause::AsString() const {
-  return SqlText().Part(attributes_.AsString()).Part(TextOf(domain_.Get())).Take();
+  return SqlText()
+      .Part(attributes_.AsString())
+      .Part(TextOf(domain_.Get()))
+      .Part(TextOf(global_.Get()))
+      .Part(TextOf(local_.Get()))
+      .Take();
 }
 
 std::string REPClusterIndexClause::AsString() const {
@@ -75,6 +81,7 @@ std::string REPBitmapIndexClause::AsString() const {
   return sql.Clause(" FROM ", tables.Take())
       .Clause(" WHERE ", TextOf(condition_.Get()))
       .Option(TextOf(attributes_.Get()))
+      .Option(TextOf(local_.Get()))
       .Take();
 }
 

@@ -9,3 +9,11 @@ enum class REPMapping_e : int { None, MappingTable, NoMapping };
 enum class REPRowDepend_e : int { None, NoRowDependencies, RowDependencies };
 enum class REPRowMovement_e : int { None, Disable, Enable };
 enum class REPMonitor_e : int { None, On, Off };
+// Whether an object column may hold subtypes, and whether that holds for all levels by FORCE.
+enum class REPSubstitutable_e : int {
+  None,
+  Substitutable,
+  NotSubstitutable,
+  SubstitutableForce,
+  NotSubstitutableForce
+};
