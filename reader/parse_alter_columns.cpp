@@ -4,9 +4,14 @@
 
 #include "reader/parse_columns.h"
 #include "reader/parse_constraints.h"
+#include "reader/parse_lobs.h"
 #include "reader/parse_names.h"
+#include "reader/parse_object_columns.h"
+#include "reader/parse_organisation.h"
 #include "reader/parse_storage.h"
+#include "reader/parse_supplemental.h"
 #include "repora/tables/alter_columns.h"
+#include "repora/tables/supplemental_logging.h"
 
 namespace repora::reader {
 namespace {
@@ -50,6 +55,13 @@ void Modify(REPAlterTable& table, std::unique_ptr<REPModifyColumnClause> clause)
   columns.GetModifyColumnClauseList()->AddTail(clause.release());
 }
 
+// The list that a property of a statement or clause holds, made when it is first needed.
+template <class List, class Owner>
+List& ListOf(Owner& owner, List* (Owner::*get)() const, void (Owner::*set)(List*)) {
+  if (!(owner.*get)()) (owner.*set)(new List);
+  return *(owner.*get)();
+}
+
 void Drop(REPAlterTable& table, std::unique_ptr<REPDropColumnClause> clause) {
   auto& columns = ColumnsOf(table);
   if (!columns.GetDropColumnClauseList())
@@ -82,8 +94,12 @@ void SkipAlterClauseAs(TokenStream& in, std::string_view note) {
 
 // column | constraint | ref_constraint | SUPPLEMENTAL LOG ... | PERIOD FOR ...
 void ParseAddedInList(TokenStream& in, REPAlterTable& table) {
-  if (SkipOutOfLineClause(in)) return;
-  if (IsOutOfLineConstraint(in)) {
+  if (SkipPeriod(in)) return;
+  if (IsSupplementalLogging(in)) {
+    auto clause = std::make_unique<REPAddColumnClause>();
+    clause->SetSuppLogProps(ParseSupplementalLogging(in).release());
+    if (clause->GetSuppLogProps()) Add(table, std::move(clause));
+  } else if (IsOutOfLineConstraint(in)) {
     auto clause = std::make_unique<REPAddColumnClause>();
     clause->SetOutOfLineConstraint(ParseOutOfLineConstraint(in).release());
     Add(table, std::move(clause));
@@ -115,16 +131,67 @@ void ParseOneOrMore(TokenStream& in, ParseItem parse_item) {
     in.Fail("a clause of ALTER TABLE");
 }
 
-// name [datatype] [DEFAULT expression] [constraint]... [DROP IDENTITY]
+// What follows the columns of ADD: how they are stored.
+void ParseAddedProperties(TokenStream& in, REPAlterTable& table) {
+  ColumnProperties properties;
+  if (!ParseColumnProperties(in, properties)) return;
+  auto& columns = ColumnsOf(table);
+  auto& added = ListOf(columns, &REPAlterColumnClauses::GetAddColumnClauseList,
+                       &REPAlterColumnClauses::SetAddColumnClauseList);
+  auto& list = ListOf(added, &REPAddColumnClauseList::GetColumnPropList,
+                      &REPAddColumnClauseList::SetColumnPropList);
+  for (auto& property : properties) list.AddTail(property.release());
+}
+
+// LOB storage of columns that MODIFY changes. Each change of a column has a place for one; those
+// too many are skipped.
+void ParseModifiedLobs(TokenStream& in, REPAlterTable& table) {
+  while (IsLobStorage(in)) {
+    auto const* const changes = ColumnsOf(table).GetModifyColumnClauseList();
+    auto const& token = in.Peek();
+    auto storage = ParseLobStorage(in);
+    auto index = changes ? changes->GetCount() : 0;
+    while (index > 0 && changes->GetClause(index - 1)->GetLOBStorage()) --index;
+    if (index > 0)
+      changes->GetClause(index - 1)->SetLOBStorage(storage.release());
+    else
+      in.Note(token, "LOB storage of more columns than MODIFY changes is skipped");
+  }
+}
+
+// SUPPLEMENTAL LOG ... [, SUPPLEMENTAL LOG ...]..., behind ADD or DROP, of which the statement has
+// a place for one kind.
+void ParseAlterLogging(TokenStream& in, REPAlterTable& table, REPSuppLog_e mode) {
+  do {
+    auto const& token = in.Peek();
+    auto logging = ParseSupplementalLogging(in);
+    if (!logging) continue;
+    auto& properties = PropertiesOf(table);
+    bool const is_first = !properties.GetSuppLogPropsList();
+    if (!is_first && properties.GetSuppLogging() != mode) {
+      in.Note(token, "supplemental logging that is dropped beside one that is added is skipped");
+      continue;
+    }
+    properties.SetSuppLogging(mode);
+    ListOf(properties, &REPAlterTableProps::GetSuppLogPropsList,
+           &REPAlterTableProps::SetSuppLogPropsList)
+        .AddTail(logging.release());
+  } while (in.Is(',') && in.Peek(1).word == K_SUPPLEMENTAL && in.Accept(','));
+}
+
+// name [datatype] [DEFAULT expression] [constraint]... [LOB storage] [DROP IDENTITY]
 void ParseModifiedColumn(TokenStream& in, REPAlterTable& table) {
   auto const mark = in.Mark();
   auto const column = ParseColumn(in);
   auto const& token = in.Peek();
   if (in.Accept(K_DROP, K_IDENTITY)) in.Note(token, "DROP IDENTITY is skipped");
+  bool const has_storage = IsLobStorage(in);
   if (in.Mark() == mark + 1) in.Fail("a datatype, DEFAULT or a constraint");
   // Nothing is left of a column of which everything was skipped.
-  if (column->GetDatatype() || column->GetExpression() || column->GetInlineConstraints())
+  if (column->GetDatatype() || column->GetExpression() || column->GetInlineConstraints() ||
+      has_storage)
     Modify(table, MakeColumnClause<REPModifyColumnClause>(*column));
+  ParseModifiedLobs(in, table);
 }
 
 // COLUMN name [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE], behind its keyword
@@ -140,6 +207,45 @@ void ParseSubstitutable(TokenStream& in, REPAlterTable& table) {
     clause->SetSubstitutable(negated ? REPSubstitutable_e::NotSubstitutable
                                      : REPSubstitutable_e::Substitutable);
   Modify(table, std::move(clause));
+}
+
+// LOB ( column [, column]... ) ( parameter... )
+void ParseModifyLob(TokenStream& in, REPAlterTable& table) {
+  auto clause = std::make_unique<REPModifyLOBStorageClause>();
+  in.Expect(K_LOB);
+  clause->SetLOBItemList(ParseNameList(in).release());
+  clause->SetLOBParameters(ParseModifyLobParameters(in).release());
+  ListOf(ColumnsOf(table), &REPAlterColumnClauses::GetModifyLOBStorageClauseList,
+         &REPAlterColumnClauses::SetModifyLOBStorageClauseList)
+      .AddTail(clause.release());
+}
+
+// NESTED TABLE item RETURN AS {LOCATOR | VALUE}
+void ParseModifyNestedTable(TokenStream& in, REPAlterTable& table) {
+  auto clause = std::make_unique<REPModifyCollectionClause>();
+  in.Expect(K_NESTED, K_TABLE);
+  clause->SetCollectionItem(ParseName(in).release());
+  in.Expect(K_RETURN, K_AS);
+  clause->SetLocator(ParseReturnAs(in));
+  ListOf(ColumnsOf(table), &REPAlterColumnClauses::GetModifyCollectionClauseList,
+         &REPAlterColumnClauses::SetModifyCollectionClauseList)
+      .AddTail(clause.release());
+}
+
+// Whether the storage of a varray is changed, and not a column of that name.
+bool IsModifyVarray(TokenStream const& in) {
+  return in.Is(K_VARRAY) && in.Peek(2).punctuation == '(' && in.Peek(3).kind != TokenKind::Number;
+}
+
+// VARRAY item ( parameter... )
+void ParseModifyVarray(TokenStream& in, REPAlterTable& table) {
+  auto clause = std::make_unique<REPAlterVarrayClause>();
+  in.Expect(K_VARRAY);
+  clause->SetVarrayItem(ParseName(in).release());
+  clause->SetLOBParameters(ParseModifyLobParameters(in).release());
+  ListOf(ColumnsOf(table), &REPAlterColumnClauses::GetAlterVarrayClauseList,
+         &REPAlterColumnClauses::SetAlterVarrayClauseList)
+      .AddTail(clause.release());
 }
 
 // A constraint that MODIFY or DROP means.
@@ -299,16 +405,18 @@ void ParseAlterAdd(TokenStream& in, REPAlterTable& table) {
   } else if (IsOutOfLineRefConstraint(in) && !table.GetOutOfLineRefConstraint()) {
     table.SetOutOfLineRefConstraint(ParseOutOfLineRefConstraint(in).release());
   } else if (in.Is(K_SUPPLEMENTAL, K_LOG)) {
-    SkipAlterClauseAs(in, "SUPPLEMENTAL LOG is not read yet");
+    ParseAlterLogging(in, table, REPSuppLog_e::Add);
   } else if (in.Is(K_OVERFLOW)) {
-    in.Note(in.Next(), "ADD OVERFLOW is not read yet");
-    REPSegmentAttributesClause skipped;
-    while (ParseSegmentAttribute(in, skipped)) {
-    }
+    auto clause = ParseAddOverflow(in);
+    auto& properties = PropertiesOf(table);
+    std::unique_ptr<REPAddOverflowClause> const replaced(properties.GetIOTAddOverflowClause());
+    properties.SetIOT(REPIOT_e::AddOverflow);
+    properties.SetIOTAddOverflowClause(clause.release());
   } else if (in.Is(K_PERIOD, K_FOR)) {
     SkipAlterClauseAs(in, "clause PERIOD is skipped");
   } else {
     ParseOneOrMore(in, [&] { ParseAddedInList(in, table); });
+    ParseAddedProperties(in, table);
   }
 }
 
@@ -319,10 +427,15 @@ void ParseAlterModify(TokenStream& in, REPAlterTable& table) {
     ParseModifyConstraint(in, table);
   } else if (in.Accept(K_COLUMN)) {
     ParseSubstitutable(in, table);
-  } else if (in.Is(K_LOB) || in.Is(K_NESTED, K_TABLE) || in.Is(K_VARRAY)) {
-    SkipAlterClauseAs(in, "MODIFY " + std::string(TextOf(in.Peek().word)) + " is not read yet");
+  } else if (IsLobStorage(in)) {
+    ParseModifyLob(in, table);
+  } else if (in.Is(K_NESTED, K_TABLE)) {
+    ParseModifyNestedTable(in, table);
+  } else if (IsModifyVarray(in)) {
+    ParseModifyVarray(in, table);
   } else {
     ParseOneOrMore(in, [&] { ParseModifiedColumn(in, table); });
+    ParseModifiedLobs(in, table);
   }
 }
 
@@ -332,7 +445,7 @@ void ParseAlterDrop(TokenStream& in, REPAlterTable& table) {
   if (IsTarget(in))
     ParseDropConstraint(in, table);
   else if (in.Is(K_SUPPLEMENTAL, K_LOG))
-    SkipAlterClauseAs(in, "SUPPLEMENTAL LOG is not read yet");
+    ParseAlterLogging(in, table, REPSuppLog_e::Drop);
   else if (in.Is('(') && in.Peek(1).word == K_PERIOD && in.Peek(2).word == K_FOR)
     SkipAlterClauseAs(in, "clause PERIOD is skipped");
   else

@@ -1,8 +1,11 @@
 #include <string>
 
 #include "reader/parse_alter_columns.h"
+#include "reader/parse_alter_partitions.h"
 #include "reader/parse_constraints.h"
 #include "reader/parse_names.h"
+#include "reader/parse_object_columns.h"
+#include "reader/parse_organisation.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
 #include "repora/core/letters.h"
@@ -22,36 +25,34 @@ void SkipRest(TokenStream& in) {
     in.SkipItem();
 }
 
-// What ADD, DROP and other verbs do something to, other than columns and constraints.
-bool IsPartition(Word word) {
-  return word == K_PARTITION || word == K_PARTITIONS || word == K_SUBPARTITION ||
-         word == K_CLUSTERING;
-}
-
-// {ADD | DROP | MODIFY | MOVE | SPLIT | other verb} PARTITION ..., MODIFY DEFAULT ATTRIBUTES ...,
-// and MOVE
+// Changes of partitions that newer releases have, such as ADD PARTITIONS n, and those of
+// CLUSTERING.
 bool SkipPartitioning(TokenStream& in) {
   auto const& verb = in.Peek();
   auto const& object = in.Peek(1);
   switch (verb.word) {
-    case K_MOVE: break;
     case K_ADD:
     case K_COALESCE:
     case K_DROP:
     case K_EXCHANGE:
     case K_MERGE:
     case K_MODIFY:
+    case K_MOVE:
     case K_RENAME:
     case K_SPLIT:
-    case K_TRUNCATE:
-      if (IsPartition(object.word) || in.Is(K_MODIFY, K_DEFAULT, K_ATTRIBUTES)) break;
-      return false;
+    case K_TRUNCATE: break;
     default: return false;
   }
-  std::string note(TextOf(verb.word));
-  if (verb.word != K_MOVE || IsPartition(object.word))
-    note += " " + std::string(TextOf(object.word));
-  in.Note(verb, note + " is not read yet");
+  switch (object.word) {
+    case K_CLUSTERING:
+    case K_PARTITION:
+    case K_PARTITIONS:
+    case K_SUBPARTITION:
+    case K_SUBPARTITIONS: break;
+    default: return false;
+  }
+  in.Note(verb, "clause " + std::string(TextOf(verb.word)) + " " +
+                    std::string(TextOf(object.word)) + " is skipped");
   SkipRest(in);
   return true;
 }
@@ -64,20 +65,12 @@ void SkipClause(TokenStream& in) {
   auto const note = [&]() -> std::string {
     auto const second = [&] { return " " + ToUpper(in.TextOf(in.Peek(1))); };
     switch (token.word) {
-      case K_LOB: return "LOB storage is not read yet";
       case K_COLUMN:
+      case K_LOB:
       case K_NESTED:
       case K_VARRAY:
-      case K_XMLTYPE: return "column properties are not read yet";
-      case K_ACCESS:
-      case K_DEFAULT:
-      case K_LOCATION:
-      case K_PROJECT:
-      case K_REJECT: return "properties of an external table are not read yet";
-      case K_MAPPING:
-      case K_PCTTHRESHOLD:
-        return std::string(TextOf(token.word)) + " of an index-organized table is not read yet";
-      case K_SET: return "SET" + second() + " is not read yet";
+      case K_XMLTYPE: return "column properties without ADD, MODIFY or MOVE are skipped";
+      case K_SET: return "clause SET" + second() + " is skipped";
       case K_DISABLE:
       case K_ENABLE:
       case K_NO:
@@ -93,29 +86,18 @@ void SkipClause(TokenStream& in) {
 }
 
 // COMPRESS [BASIC | ADVANCED ... | FOR ... | n] | NOCOMPRESS
-void ParseTableCompression(TokenStream& in, REPAlterTableProps& properties) {
+std::unique_ptr<REPCompressionClause> ParseTableCompression(TokenStream& in) {
   auto const compression = ParseCompression(in);
-  std::unique_ptr<REPCompressionClause> const replaced(properties.GetCompressionClause());
   auto clause = std::make_unique<REPCompressionClause>();
   clause->SetCompression(compression.compress);
   clause->SetCompressionSize(in.Copy(compression.size));
-  properties.SetCompressionClause(clause.release());
-  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return;
+  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return clause;
   in.Note(in.Peek(), "kind of compression is skipped");
   SkipAlterClause(in);
+  return clause;
 }
 
-// SHRINK SPACE [COMPACT] [CASCADE]
-void ParseShrink(TokenStream& in, REPAlterTableProps& properties) {
-  in.Expect(K_SHRINK, K_SPACE);
-  bool const compact = in.Accept(K_COMPACT);
-  if (in.Accept(K_CASCADE))
-    properties.SetShrink(compact ? REPShrink_e::CompactCascade : REPShrink_e::Cascade);
-  else
-    properties.SetShrink(compact ? REPShrink_e::Compact : REPShrink_e::Space);
-}
-
-// UPGRADE [[NOT] INCLUDING DATA]
+// UPGRADE [[NOT] INCLUDING DATA] [column properties]
 void ParseUpgrade(TokenStream& in, REPAlterTableProps& properties) {
   in.Expect(K_UPGRADE);
   if (in.Accept(K_NOT, K_INCLUDING, K_DATA))
@@ -124,6 +106,10 @@ void ParseUpgrade(TokenStream& in, REPAlterTableProps& properties) {
     properties.SetUpgrade(REPUpgrade_e::IncludingData);
   else
     properties.SetUpgrade(REPUpgrade_e::Upgrade);
+  ColumnProperties columns;
+  if (!ParseColumnProperties(in, columns)) return;
+  if (!properties.GetUpgradeColumns()) properties.SetUpgradeColumns(new REPTableColumnPropList);
+  for (auto& column : columns) properties.GetUpgradeColumns()->AddTail(column.release());
 }
 
 // {MINIMIZE | NOMINIMIZE} RECORDS_PER_BLOCK
@@ -171,10 +157,20 @@ void ParseExtents(TokenStream& in, REPAlterTableProps& properties, bool in_overf
   }
 }
 
-// COALESCE | INCLUDING column | OVERFLOW | MAPPING TABLE; true when what follows is of the overflow
-// or of the mapping table.
+// Whether a change of the space of the mapping table comes.
+bool IsMappingTableChange(TokenStream const& in) {
+  return in.Is(K_MAPPING, K_TABLE, K_ALLOCATE, K_EXTENT) ||
+         in.Is(K_MAPPING, K_TABLE, K_DEALLOCATE, K_UNUSED);
+}
+
+// COALESCE | INCLUDING column | OVERFLOW | MAPPING TABLE | NOMAPPING | PCTTHRESHOLD n; true when
+// what follows is of the overflow or of the mapping table.
 bool ParseIndexOrganization(TokenStream& in, REPAlterTableProps& properties) {
   bool const is_first = properties.GetIOT() == REPIOT_e::None;
+  auto const set_properties = [&] {
+    if (is_first || properties.GetIOT() == REPIOT_e::Coalesce)
+      properties.SetIOT(REPIOT_e::IndexOrganized);
+  };
   if (in.Accept(K_COALESCE)) {
     properties.SetIOTCoalesce(true);
     if (is_first) properties.SetIOT(REPIOT_e::Coalesce);
@@ -184,29 +180,63 @@ bool ParseIndexOrganization(TokenStream& in, REPAlterTableProps& properties) {
     auto const mark = in.Mark();
     ParseSimpleName(in);
     properties.SetIOTIncludingCol(in.Copy(in.TextSince(mark)));
-    if (is_first || properties.GetIOT() == REPIOT_e::Coalesce)
-      properties.SetIOT(REPIOT_e::IndexOrganized);
+    set_properties();
     return false;
   }
   if (in.Accept(K_OVERFLOW)) {
     properties.SetIOT(REPIOT_e::Overflow);
-  } else {
+    return true;
+  }
+  if (IsMappingTableChange(in)) {
     in.Expect(K_MAPPING, K_TABLE);
     properties.SetIOT(REPIOT_e::MappingTable);
+    return true;
   }
-  return true;
+  if (!properties.GetIOTIndexOrgTableClause())
+    properties.SetIOTIndexOrgTableClause(new REPIndexOrgTableClause);
+  ParseIndexOrganizationOption(in, *properties.GetIOTIndexOrgTableClause());
+  set_properties();
+  return false;
 }
 
-// Whether MAPPING TABLE comes with what the statement can hold of it.
-bool IsMappingTable(TokenStream const& in) {
-  return in.Is(K_MAPPING, K_TABLE, K_ALLOCATE, K_EXTENT) ||
-         in.Is(K_MAPPING, K_TABLE, K_DEALLOCATE, K_UNUSED);
+// Whether an option of an index-organized table comes.
+bool IsIndexOrganization(TokenStream const& in) {
+  switch (in.Peek().word) {
+    case K_COALESCE:
+    case K_INCLUDING:
+    case K_NOMAPPING:
+    case K_OVERFLOW:
+    case K_PCTTHRESHOLD: return true;
+    default: return in.Is(K_MAPPING, K_TABLE);
+  }
 }
 
 // What is read while the clauses follow one another.
 struct Progress {
   bool in_overflow = false;  // segment attributes and extents that come belong to the overflow
+  std::unique_ptr<MoveTable> move;
+  bool in_move = false;  // what comes may belong to the MOVE
+  ExternalTable external;
 };
+
+// MOVE and its parts; false when none comes.
+bool ParseMove(TokenStream& in, Progress& progress) {
+  if (in.Is(K_MOVE)) {
+    if (progress.move) in.Fail("a clause other than a second MOVE");
+    progress.move = std::make_unique<MoveTable>(in);
+    progress.in_move = true;
+    return true;
+  }
+  if (!progress.in_move) return false;
+  if (in.Is(K_COMPRESS) || in.Is(K_NOCOMPRESS)) {
+    progress.move->SetCompression(ParseTableCompression(in));
+    return true;
+  }
+  // COMPRESS follows, and says it all.
+  if (in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) return true;
+  progress.in_move = progress.move->ParsePart(in);
+  return progress.in_move;
+}
 
 // A property of the table; false when none comes.
 bool ParseProperty(TokenStream& in, REPAlterTable& table, Progress& progress) {
@@ -220,7 +250,7 @@ bool ParseProperty(TokenStream& in, REPAlterTable& table, Progress& progress) {
     return true;
   }
   progress.in_overflow = false;
-  if (IsMappingTable(in) || word == K_COALESCE || word == K_INCLUDING || word == K_OVERFLOW) {
+  if (IsIndexOrganization(in)) {
     progress.in_overflow = ParseIndexOrganization(in, PropertiesOf(table));
     return true;
   }
@@ -234,8 +264,14 @@ bool ParseProperty(TokenStream& in, REPAlterTable& table, Progress& progress) {
   }
   switch (word) {
     case K_COMPRESS:
-    case K_NOCOMPRESS: ParseTableCompression(in, PropertiesOf(table)); return true;
-    case K_SHRINK: ParseShrink(in, PropertiesOf(table)); return true;
+    case K_NOCOMPRESS: {
+      auto& properties = PropertiesOf(table);
+      auto clause = ParseTableCompression(in);
+      std::unique_ptr<REPCompressionClause> const replaced(properties.GetCompressionClause());
+      properties.SetCompressionClause(clause.release());
+      return true;
+    }
+    case K_SHRINK: PropertiesOf(table).SetShrink(ParseShrink(in)); return true;
     case K_UPGRADE: ParseUpgrade(in, PropertiesOf(table)); return true;
     case K_MINIMIZE:
     case K_NOMINIMIZE: ParseRecordsPerBlock(in, PropertiesOf(table)); return true;
@@ -261,7 +297,9 @@ void ParseEnable(TokenStream& in, REPAlterTable& table) {
 }
 
 void ParseAlterClause(TokenStream& in, REPAlterTable& table, Progress& progress) {
-  if (SkipPartitioning(in) || ParseProperty(in, table, progress)) return;
+  if (ParseAlterPartitions(in, table) || SkipPartitioning(in) || ParseMove(in, progress) ||
+      progress.external.ParseOption(in) || ParseProperty(in, table, progress))
+    return;
   switch (in.Peek().word) {
     case K_ADD: ParseAlterAdd(in, table); break;
     case K_MODIFY: ParseAlterModify(in, table); break;
@@ -280,10 +318,11 @@ void ParseAlterClause(TokenStream& in, REPAlterTable& table, Progress& progress)
 }
 
 bool HoldsNothing(REPAlterTable const& table) {
-  return !table.GetAlterTableProps() && !table.GetAlterColumnClauses() &&
-         !table.GetEnableDisableClauseList() && !table.GetOutOfLineConstraint() &&
-         !table.GetOutOfLineRefConstraint() && !table.GetConstraintOldName() &&
-         table.GetModifyConstraint() == REPModifyConstr_e::None &&
+  return !table.GetMoveTableClause() && !table.GetExternalTableClause() &&
+         !table.GetAlterTableProps() && !table.GetAlterColumnClauses() &&
+         !table.GetAlterTablePartitioning() && !table.GetEnableDisableClauseList() &&
+         !table.GetOutOfLineConstraint() && !table.GetOutOfLineRefConstraint() &&
+         !table.GetConstraintOldName() && table.GetModifyConstraint() == REPModifyConstr_e::None &&
          table.GetDropConstraint() == REPDropConstr_e::None;
 }
 
@@ -302,16 +341,21 @@ bool StartsAlterClause(Word word) {
     case K_ENABLE:
     case K_INCLUDING:
     case K_LOB:
+    case K_LOCATION:
     case K_MINIMIZE:
     case K_MODIFY:
     case K_MOVE:
     case K_NESTED:
     case K_NOCACHE:
     case K_NOCOMPRESS:
+    case K_NOMAPPING:
     case K_NOMINIMIZE:
     case K_NOPARALLEL:
     case K_OVERFLOW:
     case K_PARALLEL:
+    case K_PCTTHRESHOLD:
+    case K_PROJECT:
+    case K_REJECT:
     case K_RENAME:
     case K_SET:
     case K_SHRINK:
@@ -341,6 +385,8 @@ std::unique_ptr<REPStatement> ParseAlterTable(TokenStream& in) {
   Progress progress;
   do ParseAlterClause(in, *table, progress);
   while (!in.AtEnd());
+  if (progress.move) table->SetMoveTableClause(progress.move->Take().release());
+  table->SetExternalTableClause(progress.external.Take().release());
   return HoldsNothing(*table) ? nullptr : std::move(table);
 }
 

@@ -168,14 +168,9 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
   return column;
 }
 
-bool SkipOutOfLineClause(TokenStream& in) {
-  auto const& token = in.Peek();
-  if (in.Is(K_SUPPLEMENTAL, K_LOG))
-    in.Note(token, "SUPPLEMENTAL LOG is not read yet");
-  else if (in.Is(K_PERIOD, K_FOR))
-    in.Note(token, "clause PERIOD is skipped");
-  else
-    return false;
+bool SkipPeriod(TokenStream& in) {
+  if (!in.Is(K_PERIOD, K_FOR)) return false;
+  in.Note(in.Peek(), "clause PERIOD is skipped");
   SkipToListEnd(in);
   return true;
 }

@@ -10,8 +10,7 @@ namespace repora::reader {
 // One column of a table, up to what does not belong to it.
 std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in);
 
-// A supplemental log group or period among the columns of a table: skipped with a note.
-// False when none comes.
-bool SkipOutOfLineClause(TokenStream& in);
+// A period among the columns of a table: skipped with a note. False when none comes.
+bool SkipPeriod(TokenStream& in);
 
 }  // namespace repora::reader

@@ -5,21 +5,13 @@
 #include "reader/parse_conditions.h"
 #include "reader/parse_indexes.h"
 #include "reader/parse_names.h"
+#include "reader/replace.h"
 
 namespace repora::reader {
 namespace {
 
 // Where a constraint stands: behind one of a table, ENABLE may start a clause of the table.
 enum class Place { Column, Table };
-
-// A clause that is written twice counts as it is written last. A setter leaves what it replaces to
-// its caller.
-template <class Owner, class T>
-void Replace(Owner& owner, T* (Owner::*get)() const, void (Owner::*set)(T*),
-             std::unique_ptr<T> value) {
-  std::unique_ptr<T> const replaced((owner.*get)());
-  (owner.*set)(value.release());
-}
 
 bool StartsConstraintState(TokenStream const& in) {
   switch (in.Peek().word) {

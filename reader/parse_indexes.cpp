@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "reader/parse_conditions.h"
+#include "reader/parse_index_partitions.h"
 #include "reader/parse_names.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
@@ -94,41 +95,6 @@ std::unique_ptr<REPIndexExprList> ParseIndexExprs(TokenStream& in) {
   return expressions;
 }
 
-// LOCAL [STORE IN (...)] [(partitions)], behind its keyword
-void ParseLocal(TokenStream& in, REPIndexAttributesClause& attributes) {
-  attributes.SetIndexAttPartition(REPIndexAttPart_e::Local);
-  auto const& token = in.Peek();
-  bool const stored = in.Accept(K_STORE, K_IN);
-  bool listed = in.SkipParentheses();
-  if (stored) listed = in.SkipParentheses() || listed;
-  if (listed) in.Note(token, "partitions of the index are not read yet");
-}
-
-// GLOBAL [PARTITION BY {RANGE | HASH} (columns) [PARTITIONS n] [STORE IN (...)] [(partitions)]],
-// behind its keyword
-void ParseGlobal(TokenStream& in, REPIndexAttributesClause& attributes) {
-  attributes.SetIndexAttPartition(REPIndexAttPart_e::Global);
-  auto const& token = in.Peek();
-  if (!in.Accept(K_PARTITION, K_BY)) return;
-  in.Note(token, "GLOBAL PARTITION BY is not read yet");
-  in.Next();
-  in.SkipParentheses();
-  if (in.Accept(K_PARTITIONS)) in.ExpectNumber();
-  if (in.Accept(K_STORE, K_IN)) in.SkipParentheses();
-  in.SkipParentheses();
-}
-
-// COMPRESS [n | ADVANCED [LOW | HIGH]] | NOCOMPRESS
-void ParseIndexCompression(TokenStream& in, REPIndexAttributesClause& attributes) {
-  auto const compression = ParseCompression(in);
-  attributes.SetCompression(compression.compress);
-  attributes.SetCompressionSize(in.Copy(compression.size));
-  auto const& kind = in.Peek();
-  if (!in.Accept(K_ADVANCED)) return;
-  in.Note(kind, "kind of compression is skipped");
-  if (!in.Accept(K_LOW)) in.Accept(K_HIGH);
-}
-
 // TABLESPACE {DEFAULT | name}, behind its keyword
 void ParseIndexTablespace(TokenStream& in, REPIndexAttributesClause& attributes) {
   std::unique_ptr<REPName> name;
@@ -166,42 +132,15 @@ bool ParseIndexAttribute(TokenStream& in, REPIndexAttributesClause& attributes) 
   if (in.Accept(K_TABLESPACE)) {
     ParseIndexTablespace(in, attributes);
   } else if (in.Is(K_COMPRESS) || in.Is(K_NOCOMPRESS)) {
-    ParseIndexCompression(in, attributes);
-  } else if (in.Accept(K_LOCAL)) {
-    ParseLocal(in, attributes);
-  } else if (in.Accept(K_GLOBAL)) {
-    ParseGlobal(in, attributes);
+    auto const compression = ParseIndexCompression(in);
+    attributes.SetCompression(compression.compress);
+    attributes.SetCompressionSize(in.Copy(compression.size));
   } else if (auto parallel = ParseParallel(in)) {
     std::unique_ptr<REPParallelClause> const replaced(attributes.GetParallelClause());
     attributes.SetParallelClause(parallel.release());
   } else {
     return false;
   }
-  return true;
-}
-
-// VISIBLE | INVISIBLE | USABLE | UNUSABLE | NOREVERSE | INDEXING {FULL | PARTIAL} |
-//   {DEFERRED | IMMEDIATE} INVALIDATION | ANNOTATIONS (...): newer properties that an index object
-// has no place for.
-bool SkipNewerProperty(TokenStream& in) {
-  auto const& property = in.Peek();
-  switch (property.word) {
-    case K_INVISIBLE:
-    case K_NOREVERSE:
-    case K_UNUSABLE:
-    case K_USABLE:
-    case K_VISIBLE: break;
-    case K_ANNOTATIONS:
-    case K_INDEXING: in.Next(); break;
-    case K_DEFERRED:
-    case K_IMMEDIATE:
-      if (in.Peek(1).word != K_INVALIDATION) return false;
-      in.Next();
-      break;
-    default: return false;
-  }
-  in.SkipItem();
-  in.Note(property, "clause " + std::string(TextOf(property.word)) + " is skipped");
   return true;
 }
 
@@ -214,13 +153,6 @@ bool SkipPlaceholder(TokenStream& in) {
   in.Note(token, "clause " + std::string(text) + " is skipped");
   in.Next();
   return true;
-}
-
-// PARAMETERS ('text'), behind its keyword
-void ParseParameters(TokenStream& in, REPDomainIndexClause& domain) {
-  in.Expect('(');
-  domain.SetODCIParameters(ParseQuotedText(in).c_str());
-  in.Expect(')');
 }
 
 // {FILTER | ORDER} BY column [, column]...: what else a domain index holds
@@ -240,19 +172,25 @@ std::unique_ptr<REPDomainIndexClause> ParseDomainIndex(TokenStream& in) {
   while (SkipDomainColumns(in)) {
   }
   domain->SetParallelClause(ParseParallel(in).release());
-  if (in.Accept(K_PARAMETERS)) ParseParameters(in, *domain);
+  if (in.Is(K_PARAMETERS)) domain->SetODCIParameters(ParseIndexParameters(in).c_str());
   return domain;
 }
 
-// The attributes of an index of a cluster or of a join, which are no more than these.
-std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in) {
+// The attributes of an index of a cluster or of a join. Only the latter may be partitioned, with
+// its table.
+std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in,
+                                                               REPBitmapIndexClause* join) {
   auto attributes = std::make_unique<REPIndexAttributesClause>();
   bool given = false;
   while (true) {
-    if (ParseIndexAttribute(in, *attributes))
+    if (ParseIndexAttribute(in, *attributes)) {
       given = true;
-    else if (!SkipNewerProperty(in))
+    } else if (join && in.Is(K_LOCAL)) {
+      std::unique_ptr<REPLocalPartitionedIndexClause> const replaced(join->GetLocalPartition());
+      join->SetLocalPartition(ParseLocalPartitions(in).release());
+    } else if (!SkipNewerIndexProperty(in)) {
       break;
+    }
   }
   return given ? std::move(attributes) : nullptr;
 }
@@ -261,7 +199,7 @@ std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in) 
 std::unique_ptr<REPClusterIndexClause> ParseClusterIndex(TokenStream& in) {
   auto cluster = std::make_unique<REPClusterIndexClause>();
   cluster->SetClusterName(ParseName(in).release());
-  cluster->SetIndexAttributes(ParseIndexAttributes(in).release());
+  cluster->SetIndexAttributes(ParseIndexAttributes(in, nullptr).release());
   return cluster;
 }
 
@@ -286,7 +224,7 @@ std::unique_ptr<REPBitmapIndexClause> ParseJoinIndex(TokenStream& in, REPTableIn
   ParseFrom(in, *join);
   in.Expect(K_WHERE);
   join->SetCondition(ParseCondition(in, StartsIndexProperty).release());
-  join->SetIndexAttributes(ParseIndexAttributes(in).release());
+  join->SetIndexAttributes(ParseIndexAttributes(in, join.get()).release());
   // What was read as an index on the table is the beginning of this one.
   join->SetTableName(table.GetTableName());
   table.SetTableName(nullptr);
@@ -295,21 +233,38 @@ std::unique_ptr<REPBitmapIndexClause> ParseJoinIndex(TokenStream& in, REPTableIn
   return join;
 }
 
-// {attribute | domain_index}...
+// LOCAL ... | GLOBAL PARTITION BY ... | GLOBAL; false when none comes. The last one counts.
+bool ParseIndexPartitions(TokenStream& in, REPIndexPropertiesClause& properties) {
+  if (auto local = ParseLocalPartitions(in)) {
+    std::unique_ptr<REPLocalPartitionedIndexClause> const replaced(properties.GetLocalIndex());
+    properties.SetLocalIndex(local.release());
+  } else if (auto global = ParseGlobalPartitions(in)) {
+    std::unique_ptr<REPGlobalPartitionedIndexClause> const replaced(properties.GetGlobalIndex());
+    properties.SetGlobalIndex(global.release());
+  } else if (in.Accept(K_GLOBAL)) {
+    properties.GetIndexAttributes()->SetIndexAttPartition(REPIndexAttPart_e::Global);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// {attribute | domain_index | partitions}...
 // A placeholder behind USING INDEX is rather the name of the index than its properties.
 std::unique_ptr<REPIndexPropertiesClause> ParseProperties(TokenStream& in, bool skip_placeholders) {
   auto properties = std::make_unique<REPIndexPropertiesClause>();
   bool given = false;
   while (true) {
     auto* const domain = properties->GetDomainIndex();
-    if (domain && in.Accept(K_PARAMETERS)) {
-      ParseParameters(in, *domain);
+    if (domain && in.Is(K_PARAMETERS)) {
+      domain->SetODCIParameters(ParseIndexParameters(in).c_str());
     } else if (!domain && in.Is(K_INDEXTYPE)) {
       properties->SetDomainIndex(ParseDomainIndex(in).release());
       given = true;
-    } else if (ParseIndexAttribute(in, *properties->GetIndexAttributes())) {
+    } else if (ParseIndexAttribute(in, *properties->GetIndexAttributes()) ||
+               ParseIndexPartitions(in, *properties)) {
       given = true;
-    } else if (!SkipNewerProperty(in) && !(skip_placeholders && SkipPlaceholder(in))) {
+    } else if (!SkipNewerIndexProperty(in) && !(skip_placeholders && SkipPlaceholder(in))) {
       break;
     }
   }
@@ -350,6 +305,46 @@ void ParseIndexKind(TokenStream& in, REPCreateIndex& index) {
 }
 
 }  // namespace
+
+Compression ParseIndexCompression(TokenStream& in) {
+  auto const compression = ParseCompression(in);
+  auto const& kind = in.Peek();
+  if (in.Accept(K_ADVANCED)) {
+    in.Note(kind, "kind of compression is skipped");
+    if (!in.Accept(K_LOW)) in.Accept(K_HIGH);
+  }
+  return compression;
+}
+
+bool SkipNewerIndexProperty(TokenStream& in) {
+  auto const& property = in.Peek();
+  switch (property.word) {
+    case K_INVISIBLE:
+    case K_NOREVERSE:
+    case K_UNUSABLE:
+    case K_USABLE:
+    case K_VISIBLE: break;
+    case K_ANNOTATIONS:
+    case K_INDEXING: in.Next(); break;
+    case K_DEFERRED:
+    case K_IMMEDIATE:
+      if (in.Peek(1).word != K_INVALIDATION) return false;
+      in.Next();
+      break;
+    default: return false;
+  }
+  in.SkipItem();
+  in.Note(property, "clause " + std::string(TextOf(property.word)) + " is skipped");
+  return true;
+}
+
+std::string ParseIndexParameters(TokenStream& in) {
+  in.Expect(K_PARAMETERS);
+  in.Expect('(');
+  auto text = ParseQuotedText(in);
+  in.Expect(')');
+  return text;
+}
 
 std::unique_ptr<REPIndexPropertiesClause> ParseIndexProperties(TokenStream& in) {
   return ParseProperties(in, false);

@@ -15,6 +15,16 @@ using ParseFunction = std::unique_ptr<REPStatement> (*)(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterTable(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateIndex(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterIndex(TokenStream& in);
+
+std::unique_ptr<REPStatement> ParseCreateTablespace(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterTablespace(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateCluster(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterCluster(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateRollbackSegment(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterRollbackSegment(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateDiskgroup(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterDiskgroup(TokenStream& in);
 
 std::unique_ptr<REPStatement> ParseCreateView(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in);

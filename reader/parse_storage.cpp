@@ -197,4 +197,11 @@ std::unique_ptr<REPDeallocateUnusedClause> ParseDeallocateUnused(TokenStream& in
   return clause;
 }
 
+REPShrink_e ParseShrink(TokenStream& in) {
+  in.Expect(K_SHRINK, K_SPACE);
+  bool const compact = in.Accept(K_COMPACT);
+  if (in.Accept(K_CASCADE)) return compact ? REPShrink_e::CompactCascade : REPShrink_e::Cascade;
+  return compact ? REPShrink_e::Compact : REPShrink_e::Space;
+}
+
 }  // namespace repora::reader

@@ -42,4 +42,7 @@ std::unique_ptr<REPAllocExtentClause> ParseAllocateExtent(TokenStream& in);
 // DEALLOCATE UNUSED [KEEP size]
 std::unique_ptr<REPDeallocateUnusedClause> ParseDeallocateUnused(TokenStream& in);
 
+// SHRINK SPACE [COMPACT] [CASCADE]
+REPShrink_e ParseShrink(TokenStream& in);
+
 }  // namespace repora::reader

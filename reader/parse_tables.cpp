@@ -4,8 +4,12 @@
 #include "reader/parse_constraints.h"
 #include "reader/parse_names.h"
 #include "reader/parse_queries.h"
+#include "reader/parse_object_columns.h"
+#include "reader/parse_organisation.h"
+#include "reader/parse_partitions.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/parse_supplemental.h"
 #include "repora/core/letters.h"
 #include "repora/queries/select.h"
 #include "repora/tables/create_table.h"
@@ -21,6 +25,9 @@ struct Clauses {
   std::unique_ptr<REPName> including;
   std::unique_ptr<REPName> cluster;
   std::unique_ptr<REPNameList> cluster_columns;
+  ColumnProperties column_properties;
+  ExternalTable external;
+  std::unique_ptr<REPTablePartitioningClause> partitioning;
   bool in_overflow = false;  // segment attributes that come belong to the overflow
 };
 
@@ -92,19 +99,23 @@ void ParseColumns(TokenStream& in, REPCreateTable& table) {
   std::vector<std::unique_ptr<REPRelTableColumn>> columns;
   std::vector<std::unique_ptr<REPOutOfLineConstraint>> constraints;
   std::vector<std::unique_ptr<REPOutOfLineRefConstraint>> ref_constraints;
+  std::vector<std::unique_ptr<REPSuppLogProps>> logging;
   in.Expect('(');
   do {
     if (IsOutOfLineConstraint(in))
       constraints.push_back(ParseOutOfLineConstraint(in));
     else if (IsOutOfLineRefConstraint(in))
       ref_constraints.push_back(ParseOutOfLineRefConstraint(in));
-    else if (!SkipOutOfLineClause(in))
+    else if (IsSupplementalLogging(in))
+      logging.push_back(ParseSupplementalLogging(in));
+    else if (!SkipPeriod(in))
       columns.push_back(ParseColumn(in));
   } while (in.Accept(','));
   if (!in.Accept(')')) in.Fail("',' or ')'");
   AddInOrder(table, columns, &REPCreateTable::AddRelationalColumn);
   AddInOrder(table, constraints, &REPCreateTable::AddOutOfLineConstraint);
   AddInOrder(table, ref_constraints, &REPCreateTable::AddOutOfLineRefConstraint);
+  AddInOrder(table, logging, &REPCreateTable::AddSuppLogProps);
 }
 
 // ON COMMIT {DELETE | PRESERVE} ROWS | ON COMMIT {DROP | PRESERVE} DEFINITION
@@ -125,17 +136,16 @@ void ParseOnCommit(TokenStream& in, REPCreateTable& table) {
     throw SyntaxError(token.offset, "expected ON COMMIT DELETE ROWS or PRESERVE ROWS");
 }
 
-// ORGANIZATION {HEAP | INDEX | EXTERNAL (...) [REJECT LIMIT n]}
-void ParseOrganization(TokenStream& in, REPCreateTable& table) {
-  auto const& token = in.Next();
+// ORGANIZATION {HEAP | INDEX | EXTERNAL [( option... )]}
+void ParseOrganization(TokenStream& in, REPCreateTable& table, ExternalTable& external) {
+  in.Expect(K_ORGANIZATION);
   if (in.Accept(K_HEAP)) {
     table.SetOrganization(REPOrganization_e::Heap);
   } else if (in.Accept(K_INDEX)) {
     table.SetOrganization(REPOrganization_e::Index);
   } else if (in.Accept(K_EXTERNAL)) {
     table.SetOrganization(REPOrganization_e::External);
-    if (in.SkipParentheses()) in.Note(token, "ORGANIZATION EXTERNAL (...) is not read yet");
-    if (in.Accept(K_REJECT, K_LIMIT)) in.Next();
+    external.ParseBody(in);
   } else {
     in.Fail("HEAP, INDEX or EXTERNAL");
   }
@@ -195,7 +205,7 @@ bool ParseTableOption(TokenStream& in, REPCreateTable& table) {
 // Options of a table organized as an index, and of one in a cluster.
 bool ParseOrganizationOption(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
   switch (in.Peek().word) {
-    case K_ORGANIZATION: ParseOrganization(in, table); break;
+    case K_ORGANIZATION: ParseOrganization(in, table, clauses.external); break;
     case K_CLUSTER: ParseCluster(in, clauses); break;
     case K_MAPPING:
       in.Expect(K_MAPPING, K_TABLE);
@@ -224,12 +234,6 @@ void SkipTableClause(TokenStream& in) {
   auto const& token = in.Peek();
   auto const note = [&]() -> std::string {
     switch (token.word) {
-      case K_PARTITION: return "PARTITION BY is not read yet";
-      case K_LOB: return "LOB storage is not read yet";
-      case K_COLUMN:
-      case K_NESTED:
-      case K_VARRAY:
-      case K_XMLTYPE: return "column properties are not read yet";
       case K_SEGMENT: return "clause SEGMENT CREATION is skipped";
       case K_READ: return "clause READ ONLY is skipped";
       default: return "clause " + ToUpper(in.TextOf(token)) + " is skipped";
@@ -260,10 +264,18 @@ void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) 
     ParseTableCompression(in, table);
   } else if (in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) {
     // COMPRESS follows, and says it all.
+  } else if (ParseColumnProperties(in, clauses.column_properties)) {
+    // The table takes them in the end.
   } else if (word == K_ENABLE || word == K_DISABLE) {
     ParseEnable(in, table);
+  } else if (word == K_PARTITION) {
+    clauses.partitioning = ParseTablePartitioning(in);
+    if (!clauses.partitioning) SkipRest(in);
   } else if (auto parallel = ParseParallel(in)) {
     clauses.parallel = std::move(parallel);
+  } else if (table.GetOrganization() == REPOrganization_e::External &&
+             (word == K_REJECT || word == K_PROJECT)) {
+    clauses.external.ParseOption(in);
   } else if (!ParseTableOption(in, table) && !ParseOrganizationOption(in, table, clauses)) {
     SkipTableClause(in);
   }
@@ -313,9 +325,12 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
   table->SetSegmentAttributes(clauses.segment.release());
   table->SetOverflowSegmentAttributes(clauses.overflow.release());
   table->SetParallelClause(clauses.parallel.release());
+  table->SetExternalTableClause(clauses.external.Take().release());
+  AddInOrder(*table, clauses.column_properties, &REPCreateTable::AddColumnProp);
   table->SetIncludingColumn(clauses.including.release());
   table->SetClusterName(clauses.cluster.release());
   table->SetClusterColumns(clauses.cluster_columns.release());
+  table->SetPartitioningClause(clauses.partitioning.release());
   return table;
 }
 

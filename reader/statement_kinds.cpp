@@ -20,7 +20,8 @@ constexpr StatementKind Outside(Words words, Extent extent = Extent::Sql) {
 // All kinds, those with the same first words together, a longer one behind its beginning.
 constexpr StatementKind kKinds[] = {
     Read({K_CREATE, K_TABLE}, ParseCreateTable),
-    NotYet({K_CREATE, K_TABLESPACE}),
+    Read({K_CREATE, K_TABLESPACE}, ParseCreateTablespace),
+    Outside({K_CREATE, K_TABLESPACE, K_SET}),
     Read({K_CREATE, K_INDEX}, ParseCreateIndex),
     Read({K_CREATE, K_INDEXTYPE}, ParseCreateIndextype),
     Read({K_CREATE, K_VIEW}, ParseCreateView),
@@ -54,9 +55,9 @@ constexpr StatementKind kKinds[] = {
     NotYet({K_CREATE, K_CONTROLFILE}),
     NotYet({K_CREATE, K_PFILE}),
     NotYet({K_CREATE, K_SPFILE}),
-    NotYet({K_CREATE, K_CLUSTER}),
-    NotYet({K_CREATE, K_ROLLBACK, K_SEGMENT}),
-    NotYet({K_CREATE, K_DISKGROUP}),
+    Read({K_CREATE, K_CLUSTER}, ParseCreateCluster),
+    Read({K_CREATE, K_ROLLBACK, K_SEGMENT}, ParseCreateRollbackSegment),
+    Read({K_CREATE, K_DISKGROUP}, ParseCreateDiskgroup),
     Outside({K_CREATE, K_PLUGGABLE, K_DATABASE}),
     Outside({K_CREATE, K_AUDIT, K_POLICY}),
     Outside({K_CREATE, K_EDITION}),
@@ -71,8 +72,9 @@ constexpr StatementKind kKinds[] = {
     Outside({K_CREATE, K_DOMAIN}),
 
     Read({K_ALTER, K_TABLE}, ParseAlterTable),
-    NotYet({K_ALTER, K_TABLESPACE}),
-    NotYet({K_ALTER, K_INDEX}),
+    Read({K_ALTER, K_TABLESPACE}, ParseAlterTablespace),
+    Outside({K_ALTER, K_TABLESPACE, K_SET}),
+    Read({K_ALTER, K_INDEX}, ParseAlterIndex),
     Read({K_ALTER, K_INDEXTYPE}, ParseUnsupported),
     Read({K_ALTER, K_VIEW}, ParseAlterView),
     NotYet({K_ALTER, K_MATERIALIZED, K_VIEW}),
@@ -92,9 +94,9 @@ constexpr StatementKind kKinds[] = {
     Read({K_ALTER, K_PROFILE}, ParseUnsupported),
     NotYet({K_ALTER, K_DATABASE}),
     Outside({K_ALTER, K_DATABASE, K_LINK}),
-    NotYet({K_ALTER, K_CLUSTER}),
-    NotYet({K_ALTER, K_ROLLBACK, K_SEGMENT}),
-    NotYet({K_ALTER, K_DISKGROUP}),
+    Read({K_ALTER, K_CLUSTER}, ParseAlterCluster),
+    Read({K_ALTER, K_ROLLBACK, K_SEGMENT}, ParseAlterRollbackSegment),
+    Read({K_ALTER, K_DISKGROUP}, ParseAlterDiskgroup),
     Outside({K_ALTER, K_SESSION}),
     Outside({K_ALTER, K_SYSTEM}),
     Outside({K_ALTER, K_SYNONYM}),
@@ -171,6 +173,7 @@ bool IsModifier(Word word) {
     case K_IMMUTABLE:
     case K_JSON:
     case K_MANDATORY:
+    case K_LOCAL:
     case K_MULTIVALUE:
     case K_NO:
     case K_NOFORCE:

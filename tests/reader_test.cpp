@@ -337,9 +337,10 @@ TEST(ScriptReader, NamesWhatItDoesNotRead) {
       "into t "
       "values "
       "(2);\n"
-      "alter materialized view t compile;\ncreate materialized view log on t;\nbegin null; end;\n/\n"
+      "alter materialized view t compile;\ncreate materialized view log on t;\nbegin null; "
+      "end;\n/\n"
       "declare a date; begin null; end;\n/\ncreate table if not exists t (a number);\n"
-      "alter session set x = 1; (select 1 from dual);create bigfile tablespace l;");
+      "alter session set x = 1; (select 1 from dual);create spfile from pfile;");
   EXPECT_EQ(Messages(result),
             "1:1 note INSERT is outside the data model; 2 statements left out\n"
             "2:1 note CREATE MATERIALIZED VIEW \"S\".v is not read yet\n"
@@ -349,7 +350,7 @@ TEST(ScriptReader, NamesWhatItDoesNotRead) {
             "10:14 note #1 IF NOT EXISTS is skipped\n"
             "11:1 note ALTER SESSION is outside the data model; 1 statement left out\n"
             "11:26 note SELECT is outside the data model; 1 statement left out\n"
-            "11:47 note CREATE TABLESPACE l is not read yet\n");
+            "11:47 note CREATE SPFILE from is not read yet\n");
   EXPECT_EQ(result.statements.size(), 1U);
   EXPECT_EQ(result.unread, 4U);
   EXPECT_EQ(result.outside, 6U);
@@ -491,13 +492,11 @@ TEST(ScriptReader, NotesWhatItSkipsOncePerStatement) {
        "partitions 4 store in (p, q) enable primary key using index tablespace y row store "
        "compress "
        "advanced inmemory priority high tablespace z read only;",
-       "1:1 CREATE TABLE t( a NUMBER, b CLOB) ENABLE PRIMARY KEY USING INDEX TABLESPACE y PCTFREE "
-       "5 "
-       "TABLESPACE z COMPRESS;\n",
-       "1:27 note #1 SUPPLEMENTAL LOG is not read yet\n"
+       "1:1 CREATE TABLE t( a NUMBER, b CLOB,  SUPPLEMENTAL LOG DATA (ALL) COLUMNS) ENABLE PRIMARY "
+       "KEY USING INDEX TABLESPACE y PCTFREE 5 TABLESPACE z COMPRESS LOB (b) STORE AS (TABLESPACE "
+       "x) PARTITION BY HASH(a) PARTITIONS 4 STORE IN(p, q);\n",
        "1:72 note #1 clause SEGMENT CREATION is skipped\n"
-       "1:108 note #1 LOB storage is not read yet\n"
-       "1:151 note #1 PARTITION BY is not read yet\n"
+       "1:125 note #1 SECUREFILE is skipped\n"
        "1:265 note #1 kind of compression is skipped\n"
        "1:274 note #1 clause INMEMORY is skipped\n"
        "1:310 note #1 clause READ ONLY is skipped\n"},

@@ -38,6 +38,8 @@ TEST(Keywords, AreCompleteAndNothingElse) {
   ExpectKeywords<REPValidate_e>({"VALIDATE", "NOVALIDATE"});
   ExpectKeywords<REPRely_e>({"RELY", "NORELY"});
   ExpectKeywords<REPDelete_e>({"CASCADE", "SET NULL"});
+  ExpectKeywords<REPShrink_e>({"SHRINK SPACE", "SHRINK SPACE COMPACT", "SHRINK SPACE CASCADE",
+                               "SHRINK SPACE COMPACT CASCADE"});
   ExpectKeywords<REPReturnAs_e>({"LOCATOR", "VALUE"});
   ExpectKeywords<REPSelectOpt_e>({"ALL", "UNIQUE", "DISTINCT"});
   ExpectKeywords<REPOrderBy_e>({"ASC", "DESC"});
