@@ -128,6 +128,52 @@ CREATE TABLE shop.customer_archive TABLESPACE &data_ts AS
   SELECT customer_id, last_name, SYSDATE archived_at FROM customer;
 
 -- ---------------------------------------------------------------------------
+-- Sales by year
+-- ---------------------------------------------------------------------------
+CREATE TABLESPACE shop_archive
+  DATAFILE '/u02/oradata/shop/archive01.dbf' SIZE 2G AUTOEXTEND ON NEXT 512M MAXSIZE 20G
+  EXTENT MANAGEMENT LOCAL AUTOALLOCATE SEGMENT SPACE MANAGEMENT AUTO;
+
+CREATE TABLE shop.sale (
+  sale_id       NUMBER(12)      NOT NULL,
+  sold_on       DATE            NOT NULL,
+  region        VARCHAR2(2),
+  receipt       CLOB
+)
+LOB (receipt) STORE AS receipt_lob (TABLESPACE shop_archive CHUNK 8K NOCACHE NOLOGGING)
+PARTITION BY RANGE (sold_on)
+  SUBPARTITION BY LIST (region) SUBPARTITION TEMPLATE (
+    SUBPARTITION home VALUES ('DE', 'AT', 'CH'),
+    SUBPARTITION abroad VALUES (DEFAULT))
+ (PARTITION sale_2025 VALUES LESS THAN (DATE '2026-01-01') TABLESPACE shop_archive COMPRESS,
+  PARTITION sale_now  VALUES LESS THAN (MAXVALUE) TABLESPACE &data_ts);
+CREATE INDEX shop.sale_ix ON shop.sale (sold_on, region) LOCAL;
+ALTER TABLE shop.sale RENAME PARTITION sale_now TO sale_2026;
+
+-- ---------------------------------------------------------------------------
+-- Code
+-- ---------------------------------------------------------------------------
+CREATE OR REPLACE TRIGGER shop.customer_bi
+  BEFORE INSERT OR UPDATE OF last_name ON shop.customer
+  FOR EACH ROW WHEN (NEW.customer_no IS NULL)
+BEGIN
+  :NEW.customer_no := 'C' || TO_CHAR(:NEW.customer_id); -- a ';' in a comment
+END;
+/
+CREATE OR REPLACE PACKAGE shop.pricing AUTHID DEFINER AS
+  FUNCTION net (gross NUMBER) RETURN NUMBER;
+END pricing;
+/
+CREATE OR REPLACE PACKAGE BODY shop.pricing AS
+  FUNCTION net (gross NUMBER) RETURN NUMBER IS
+  BEGIN
+    RETURN CASE WHEN gross IS NULL THEN 0 ELSE gross / 1.19 END;
+  END;
+END pricing;
+/
+CREATE USER shop_report IDENTIFIED BY "S3cret;" DEFAULT TABLESPACE &data_ts QUOTA 100M ON &data_ts;
+
+-- ---------------------------------------------------------------------------
 -- Names for everybody
 -- ---------------------------------------------------------------------------
 CREATE PUBLIC SYNONYM customer FOR shop.customer;
