@@ -3,6 +3,7 @@
 #include "repora/code/database_links.h"
 #include "repora/code/roles.h"
 #include "repora/code/users.h"
+#include "repora/database/create_database.h"
 
 namespace repora::cli {
 namespace {
@@ -31,6 +32,9 @@ void RedactPasswords(reader::ReadResult& script) {
     auto& object = *statement.object;
     Redact<REPCreateUser>(object, {{&REPCreateUser::GetPassword, &REPCreateUser::SetPassword}});
     Redact<REPCreateRole>(object, {{&REPCreateRole::GetPassword, &REPCreateRole::SetPassword}});
+    using Database = REPCreateDatabase;
+    Redact<Database>(object, {{&Database::GetSysPassword, &Database::SetSysPassword},
+                              {&Database::GetSystemPassword, &Database::SetSystemPassword}});
     using Link = REPCreateDatabaseLink;
     Redact<Link>(object, {{&Link::GetPassword, &Link::SetPassword},
                           {&Link::GetAuthPassword, &Link::SetAuthPassword}});

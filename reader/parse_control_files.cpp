@@ -16,8 +16,7 @@ void ParseOption(TokenStream& in, REPCreateControlfile& file) {
   if (in.Accept(K_LOGFILE)) {
     Replace(file, &Statement::GetLogFileClause, &Statement::SetLogFileClause, ParseLogFiles(in));
   } else if (in.Accept(K_DATAFILE)) {
-    Replace(file, &Statement::GetDataFileClause, &Statement::SetDataFileClause,
-            ParseDataFiles(in));
+    Replace(file, &Statement::GetDataFileClause, &Statement::SetDataFileClause, ParseDataFiles(in));
   } else if (in.Accept(K_RESETLOGS)) {
     file.SetResetLogs(REPDBResetlogs_e::ResetLogs);
   } else if (in.Accept(K_NORESETLOGS)) {
@@ -38,6 +37,21 @@ std::string ParseFile(TokenStream& in) {
   return in.Accept('=') ? ParseFileName(in) : std::string();
 }
 
+// {source | MEMORY} [= 'file'] [AS COPY], behind FROM; false for MEMORY, which the statements have
+// no place for.
+bool ParseSource(TokenStream& in, Word source, std::string& file) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_MEMORY)) {
+    in.Note(token, "parameters of the running instance are skipped");
+    return false;
+  }
+  in.Expect(source);
+  file = ParseFile(in);
+  auto const& copy = in.Peek();
+  if (in.Accept(K_AS, K_COPY)) in.Note(copy, "clause AS COPY is skipped");
+  return true;
+}
+
 }  // namespace
 
 // CREATE CONTROLFILE [REUSE] [SET] DATABASE name [option]...
@@ -53,25 +67,29 @@ std::unique_ptr<REPStatement> ParseCreateControlfile(TokenStream& in) {
   return file;
 }
 
-// CREATE PFILE [= 'file'] FROM SPFILE [= 'file']
+// CREATE PFILE [= 'file'] FROM SPFILE [= 'file'] [AS COPY]
 std::unique_ptr<REPStatement> ParseCreatePFile(TokenStream& in) {
   auto file = std::make_unique<REPCreatePFile>();
   file->SetStatementType(REPStatement_e::CreatePFile);
   in.Expect(K_CREATE, K_PFILE);
   file->SetPFilename(ParseFile(in).c_str());
-  in.Expect(K_FROM, K_SPFILE);
-  file->SetSPFilename(ParseFile(in).c_str());
+  in.Expect(K_FROM);
+  std::string source;
+  if (!ParseSource(in, K_SPFILE, source)) return nullptr;
+  file->SetSPFilename(source.c_str());
   return file;
 }
 
-// CREATE SPFILE [= 'file'] FROM PFILE [= 'file']
+// CREATE SPFILE [= 'file'] FROM PFILE [= 'file'] [AS COPY]
 std::unique_ptr<REPStatement> ParseCreateSPFile(TokenStream& in) {
   auto file = std::make_unique<REPCreateSPFile>();
   file->SetStatementType(REPStatement_e::CreateSPFile);
   in.Expect(K_CREATE, K_SPFILE);
   file->SetSPFilename(ParseFile(in).c_str());
-  in.Expect(K_FROM, K_PFILE);
-  file->SetPFilename(ParseFile(in).c_str());
+  in.Expect(K_FROM);
+  std::string source;
+  if (!ParseSource(in, K_PFILE, source)) return nullptr;
+  file->SetPFilename(source.c_str());
   return file;
 }
 

@@ -160,7 +160,7 @@ bool ParseWordOption(TokenStream& in, Statement& database) {
   return true;
 }
 
-// Whether an option comes that may stand behind the clauses of a pluggable database.
+// Whether an option comes: not a name, and the end of the clauses of a pluggable database.
 bool StartsOption(TokenStream const& in) {
   switch (in.Peek().word) {
     case K_ARCHIVELOG:
@@ -183,6 +183,7 @@ bool StartsOption(TokenStream const& in) {
     case K_SMALLFILE:
     case K_USER:
     case K_USER_DATA: return true;
+    case K_ENABLE: return in.Is(K_ENABLE, K_PLUGGABLE);
     case K_SYSAUX: return in.Is(K_SYSAUX, K_DATAFILE);
     case K_UNDO: return in.Is(K_UNDO, K_TABLESPACE);
     default: return false;

@@ -19,6 +19,12 @@ std::unique_ptr<REPStatement> ParseAlterIndex(TokenStream& in);
 
 std::unique_ptr<REPStatement> ParseCreateTablespace(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterTablespace(TokenStream& in);
+
+std::unique_ptr<REPStatement> ParseCreateDatabase(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterDatabase(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateControlfile(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreatePFile(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateSPFile(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateCluster(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterCluster(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateRollbackSegment(TokenStream& in);

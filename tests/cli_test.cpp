@@ -240,7 +240,8 @@ constexpr char const* kScriptOfPasswords =
     "CREATE ROLE r IDENTIFIED BY \"SECRET4\";\n"
     "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY SECRET5\n"
     "  AUTHENTICATED BY v IDENTIFIED BY \"a SECRET6\" USING 'DB';\n"
-    "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY SECRET7;\n";
+    "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY SECRET7;\n"
+    "CREATE DATABASE d USER SYS IDENTIFIED BY SECRET8 USER SYSTEM IDENTIFIED BY SECRET9;\n";
 
 TEST_F(Cli, RedactLeavesNoPasswordInAnyOutput) {
   folder.Write("s.sql", kScriptOfPasswords);
@@ -284,7 +285,8 @@ TEST_F(Cli, RedactLeavesNoPasswordInAnyOutput) {
             "CREATE ROLE r IDENTIFIED BY ****;\n/\n"
             "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY **** AUTHENTICATED BY v IDENTIFIED "
             "BY **** USING 'DB'\n/\n"
-            "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY ****\n/\n");
+            "CREATE DATABASE LINK l CONNECT TO u IDENTIFIED BY ****\n/\n"
+            "CREATE DATABASE d USER SYS IDENTIFIED BY **** USER SYSTEM IDENTIFIED BY ****;\n/\n");
 }
 
 // What could not be read is no rendered text: it shows no password with and without --redact.

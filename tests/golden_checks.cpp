@@ -323,12 +323,19 @@ class Checker {
   // By the end of their path; a path that starts with "/" is a whole one.
   std::vector<std::uint32_t> Find(std::string const& type, std::string path) {
     std::erase(path, '"');
+    // The n-th of those without a name.
+    std::size_t place = 0;
+    if (auto const sign = path.rfind("()#"); sign != std::string::npos) {
+      place = std::stoul(path.substr(sign + 3));
+      path.resize(sign + 2);
+    }
     auto ids = All(type);
     std::erase_if(ids, [&](auto id) {
       auto const actual = PathOf(model_, id);
       if (path.starts_with("/")) return actual != path.substr(1);
       return actual != path && !actual.ends_with("." + path);
     });
+    if (place > 0) ids = place <= ids.size() ? decltype(ids){ids[place - 1]} : decltype(ids){};
     return ids;
   }
 

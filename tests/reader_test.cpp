@@ -340,7 +340,7 @@ TEST(ScriptReader, NamesWhatItDoesNotRead) {
       "alter materialized view t compile;\ncreate materialized view log on t;\nbegin null; "
       "end;\n/\n"
       "declare a date; begin null; end;\n/\ncreate table if not exists t (a number);\n"
-      "alter session set x = 1; (select 1 from dual);create spfile from pfile;");
+      "alter session set x = 1; (select 1 from dual);alter materialized view log on t;");
   EXPECT_EQ(Messages(result),
             "1:1 note INSERT is outside the data model; 2 statements left out\n"
             "2:1 note CREATE MATERIALIZED VIEW \"S\".v is not read yet\n"
@@ -350,7 +350,7 @@ TEST(ScriptReader, NamesWhatItDoesNotRead) {
             "10:14 note #1 IF NOT EXISTS is skipped\n"
             "11:1 note ALTER SESSION is outside the data model; 1 statement left out\n"
             "11:26 note SELECT is outside the data model; 1 statement left out\n"
-            "11:47 note CREATE SPFILE from is not read yet\n");
+            "11:47 note ALTER MATERIALIZED VIEW LOG on is not read yet\n");
   EXPECT_EQ(result.statements.size(), 1U);
   EXPECT_EQ(result.unread, 4U);
   EXPECT_EQ(result.outside, 6U);

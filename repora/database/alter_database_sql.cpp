@@ -1,11 +1,12 @@
 #include <algorithm>
+#include <cstddef>
 #include <initializer_list>
 #include <iterator>
 #include <string_view>
 
-#include "repora/core/letters.h"
 #include "repora/core/sql_text.h"
 #include "repora/database/alter_database.h"
+#include "repora/tables/supplemental_logging.h"
 
 using repora::SqlText;
 
@@ -32,9 +33,8 @@ void AppendQuoted(SqlText& sql, std::string_view keyword, std::string_view text)
 
 // A file by its name or, when that is digits alone, by its number.
 std::string FileText(std::string_view name) {
-  bool const number = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
-    return c >= '0' && c <= '9';
-  });
+  bool const number = !name.empty() && std::all_of(name.begin(), name.end(),
+                                                   [](char c) { return c >= '0' && c <= '9'; });
   return number ? std::string(name) : Quoted(name);
 }
 
@@ -157,9 +157,7 @@ std::string Recover(Alter const& alter) {
   sql.AppendIf(alter.GetRecoverAutomatic(), " AUTOMATIC");
   AppendQuoted(sql, " FROM ", alter.GetRecoverLoc());
   if (alter.GetDBRecover() == REPDBRecover_e::Continue)
-    return sql.Append(" CONTINUE")
-        .AppendIf(alter.GetRecoverContinueDefault(), " DEFAULT")
-        .Take();
+    return sql.Append(" CONTINUE").AppendIf(alter.GetRecoverContinueDefault(), " DEFAULT").Take();
   if (alter.GetDBRecover() == REPDBRecover_e::Cancel) return sql.Append(" CANCEL").Take();
   sql.Append(WhatIsRecovered(alter)).AppendIf(alter.GetRecoverTest(), " TEST");
   if (std::string_view const count = alter.GetRecoverCorruption(); !count.empty())
@@ -222,14 +220,14 @@ std::string AddedMembers(Alter const& alter) {
   return SqlText(LogFiles(alter)).Clause(" TO ", ListText(alter.GetLogFileDescList())).Take();
 }
 
-// ( {ALL | PRIMARY KEY | UNIQUE | FOREIGN KEY} [, ...] ) COLUMNS
+// DATA ( {ALL | PRIMARY KEY | UNIQUE | FOREIGN KEY} [, ...] ) COLUMNS
 std::string KeyColumns(Alter const& alter) {
-  SqlText keys;
-  keys.Part(alter.GetSuppIdKeyAll() ? "ALL" : "", ", ")
-      .Part(alter.GetSuppIdKeyPrimaryKey() ? "PRIMARY KEY" : "", ", ")
-      .Part(alter.GetSuppIdKeyUnique() ? "UNIQUE" : "", ", ")
-      .Part(alter.GetSuppIdKeyForeignKey() ? "FOREIGN KEY" : "", ", ");
-  return SqlText(" (").Append(keys.Take()).Append(") COLUMNS").Take();
+  REPSuppIdKey keys;
+  keys.SetLogAll(alter.GetSuppIdKeyAll());
+  keys.SetLogPrimaryKey(alter.GetSuppIdKeyPrimaryKey());
+  keys.SetLogUnique(alter.GetSuppIdKeyUnique());
+  keys.SetLogForeignKey(alter.GetSuppIdKeyForeignKey());
+  return " " + keys.AsString();
 }
 
 std::string_view LogicalOrPhysical(REPDBLogPhys_e value) {
@@ -302,8 +300,8 @@ std::string Switchover(Alter const& alter) {
                         .Part(WordsOf(alter.GetStandbySwitchover(), {"PRIMARY", "STANDBY"}))
                         .Take();
   return sql.Clause(" TO ", role)
-      .Option(WordsOf(alter.GetStandbySession(),
-                      {"WITH SESSION SHUTDOWN", "WITHOUT SESSION SHUTDOWN"}))
+      .Option(
+          WordsOf(alter.GetStandbySession(), {"WITH SESSION SHUTDOWN", "WITHOUT SESSION SHUTDOWN"}))
       .Option(WordsOf(alter.GetStandbyWait(), {"WAIT", "NOWAIT"}))
       .Take();
 }
@@ -359,19 +357,19 @@ std::string TrackingFile(Alter const& alter) {
   return sql.AppendIf(alter.GetEnableReuse(), " REUSE").Take();
 }
 
+// = 'zone'
 std::string TimeZone(Alter const& alter) {
-  SqlText sql;
-  AppendQuoted(sql, " = ", alter.GetTimeZone());
-  return sql.Take();
+  return " = " + Quoted(alter.GetTimeZone());
 }
 
 // {ENABLE | DISABLE} {[PUBLIC] THREAD n | INSTANCE 'instance'}
 std::string Redo(Alter const& alter) {
   SqlText sql;
-  sql.Option(WordsOf(alter.GetRedo(),
-                     {"ENABLE THREAD", "ENABLE PUBLIC THREAD", "DISABLE THREAD",
-                      "DISABLE PUBLIC THREAD", "ENABLE INSTANCE", "DISABLE INSTANCE"}));
-  if (alter.GetRedo() < REPDBRedo_e::EnableInstance) return sql.Option(alter.GetRedoThread()).Take();
+  sql.Option(
+      WordsOf(alter.GetRedo(), {"ENABLE THREAD", "ENABLE PUBLIC THREAD", "DISABLE THREAD",
+                                "DISABLE PUBLIC THREAD", "ENABLE INSTANCE", "DISABLE INSTANCE"}));
+  if (alter.GetRedo() < REPDBRedo_e::EnableInstance)
+    return sql.Option(alter.GetRedoThread()).Take();
   AppendQuoted(sql, " ", alter.GetRedoInstance());
   return sql.Take();
 }
@@ -425,9 +423,9 @@ constexpr Form kForms[] = {
     {" DROP STANDBY LOGFILE", Groups},
     {" DROP STANDBY LOGFILE MEMBER", Groups},
     {" ADD SUPPLEMENTAL LOG DATA"},
-    {" ADD SUPPLEMENTAL LOG DATA", KeyColumns},
+    {" ADD SUPPLEMENTAL LOG", KeyColumns},
     {" DROP SUPPLEMENTAL LOG DATA"},
-    {" DROP SUPPLEMENTAL LOG DATA", KeyColumns},
+    {" DROP SUPPLEMENTAL LOG", KeyColumns},
     {" CREATE", StandbyControlfile},
     {" BACKUP CONTROLFILE", BackupControlfile},
     {"", StandbyDatabase},

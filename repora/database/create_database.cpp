@@ -23,8 +23,8 @@ REPProcess_e AddOwnTablespace(REPProcessor* processor, std::string const& name,
                               REPDataFileClause const* files, std::int32_t system_type,
                               MOXActionSummaryItem*& tablespace) {
   auto const tablespace_name = SimpleName(name);
-  if (auto const result = processor->AddItem(
-          processor->GetRoot(), ORVTypes::oOracleTablespace, &tablespace_name, tablespace);
+  if (auto const result = processor->AddItem(processor->GetRoot(), ORVTypes::oOracleTablespace,
+                                             &tablespace_name, tablespace);
       result != REPProcessOK)
     return result;
   if (files)
@@ -39,21 +39,14 @@ bool IsLocal(REPExtent_e extent) {
          extent == REPExtent_e::LocalUniform;
 }
 
-std::string FilesText(REPDataFileClause const* files) {
-  return files ? files->FilesAsString() : std::string();
-}
-
 }  // namespace
 
 namespace repora {
 
 MOXActionSummaryItem* TablespaceOf(REPProcessor* processor, char const* name) {
   auto const tablespace = SimpleName(name);
-  auto const root = processor->GetRoot();
-  auto const type = ORVTypes::oOracleTablespace;
-  // Of an earlier run, or of a statement before.
-  if (auto* const known = processor->FindItemPtr(root, type, &tablespace)) return known;
-  return processor->FindSummaryPtrById(processor->FindCreateItem(root, type, &tablespace));
+  return processor->FindSummaryPtrById(
+      processor->FindCreateItem(processor->GetRoot(), ORVTypes::oOracleTablespace, &tablespace));
 }
 
 }  // namespace repora
@@ -88,8 +81,11 @@ std::string REPUndoTableSpaceClause::AsString() const {
 
 REPProcess_e REPCreateDatabase::Process(REPProcessor* processor) const {
   if (!processor) return REPProcessError;
-  auto const name =
-      repora::IsGiven(name_.Get()) ? *name_ : REPName(repora::kDefaultDatabase);
+  // One segment: the domain is part of the name, and no owner.
+  auto const full_name =
+      repora::IsGiven(name_.Get()) ? name_->GetFullName(false) : repora::kDefaultDatabase;
+  auto name = SimpleName(full_name);
+  name.SetQuoted(name_ && name_->IsQuoted());
   MOXActionSummaryItem* database = nullptr;
   if (auto const result =
           processor->AddItem(processor->GetRoot(), ORVTypes::oOracleDatabase, &name, database);
@@ -98,7 +94,6 @@ REPProcess_e REPCreateDatabase::Process(REPProcessor* processor) const {
   WriteOptions(*database);
   if (log_files_) log_files_->Process(processor, database);
   WriteLogOptions(*database);
-  auto const full_name = name.GetFullName(false);
   if (auto const result = AddSystem(processor, *database, full_name + "_SYSTEM");
       result != REPProcessOK)
     return result;
@@ -114,8 +109,7 @@ REPProcess_e REPCreateDatabase::Process(REPProcessor* processor) const {
 }
 
 void REPCreateDatabase::WriteOptions(MOXActionSummaryItem& database) const {
-  if (controlfile_reuse_)
-    repora::SetBoolean(database, ORVTypes::pOracleControlFileReuse, true);
+  if (controlfile_reuse_) repora::SetBoolean(database, ORVTypes::pOracleControlFileReuse, true);
   repora::SetTextIfGiven(database, ORVTypes::pOracleMaxDataFiles, max_data_files_);
   repora::SetTextIfGiven(database, ORVTypes::pOracleMaxInstances, max_instances_);
   repora::SetTextIfGiven(database, ORVTypes::pOracleCharacterSet, char_set_);
@@ -138,13 +132,12 @@ REPProcess_e REPCreateDatabase::AddSystem(REPProcessor* processor, MOXActionSumm
   bool const local = IsLocal(extent_.GetExtent());
   if (!data_files_ && !local) return REPProcessOK;
   MOXActionSummaryItem* system = nullptr;
-  if (auto const result = AddOwnTablespace(processor, name, data_files_.Get(),
-                                           codes::kSystemTablespace, system);
+  if (auto const result =
+          AddOwnTablespace(processor, name, data_files_.Get(), codes::kSystemTablespace, system);
       result != REPProcessOK)
     return result;
   repora::SetReference(database, ORVTypes::pSystemOracleTablespaceRef, system->Id());
-  if (local)
-    repora::SetInteger(*system, ORVTypes::pExtentManagementType, codes::kExtentsLocal);
+  if (local) repora::SetInteger(*system, ORVTypes::pExtentManagementType, codes::kExtentsLocal);
   return REPProcessOK;
 }
 
@@ -152,8 +145,8 @@ REPProcess_e REPCreateDatabase::AddSysaux(REPProcessor* processor, MOXActionSumm
                                           std::string const& name) const {
   if (!sysaux_files_) return REPProcessOK;
   MOXActionSummaryItem* sysaux = nullptr;
-  if (auto const result = AddOwnTablespace(processor, name, sysaux_files_.Get(),
-                                           codes::kSysauxTablespace, sysaux);
+  if (auto const result =
+          AddOwnTablespace(processor, name, sysaux_files_.Get(), codes::kSysauxTablespace, sysaux);
       result != REPProcessOK)
     return result;
   repora::SetReference(database, ORVTypes::pAuxiliaryOracleTablespaceRef, sysaux->Id());
@@ -212,7 +205,7 @@ std::string REPCreateDatabase::AsString() const {
         .Append(" DEFAULT TEMPORARY TABLESPACE ")
         .Append(temp_tablespace_);
   // A file may be without a name and options: the server chooses both.
-  if (temp_files_) sql.Append(" TEMPFILE ").Append(FilesText(temp_files_.Get()));
+  if (temp_files_) sql.Append(" TEMPFILE ").Append(temp_files_->FilesAsString());
   sql.Append(temp_extent_.AsString());
   if (auto const zone = time_zone_.AsString(); !zone.empty())
     sql.Append(" SET TIME_ZONE='").Append(zone).Append("'");
