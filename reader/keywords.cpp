@@ -66,4 +66,16 @@ std::string_view TextOf(Word word) {
   return word < std::size(kTexts) ? kTexts[word] : std::string_view();
 }
 
+bool IsUnitOfTime(Word word) {
+  switch (word) {
+    case K_DAY:
+    case K_HOUR:
+    case K_MINUTE:
+    case K_MONTH:
+    case K_SECOND:
+    case K_YEAR: return true;
+    default: return false;
+  }
+}
+
 }  // namespace repora::reader

@@ -16,6 +16,9 @@ enum Word : std::uint16_t {
 // The known word of a text, whatever its case.
 Word FindWord(std::string_view text);
 
+// YEAR to SECOND.
+bool IsUnitOfTime(Word word);
+
 // The text of a known word in upper case; empty for K_NONE.
 std::string_view TextOf(Word word);
 

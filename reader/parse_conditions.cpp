@@ -20,18 +20,6 @@ bool AtListEnd(TokenStream const& in) {
   return in.Is(',') || in.Is(')') || in.AtEnd();
 }
 
-bool IsUnitOfTime(Word word) {
-  switch (word) {
-    case K_DAY:
-    case K_HOUR:
-    case K_MINUTE:
-    case K_MONTH:
-    case K_SECOND:
-    case K_YEAR: return true;
-    default: return false;
-  }
-}
-
 // Words that test the expression before them.
 bool StartsTest(Word word) {
   switch (word) {
@@ -122,7 +110,6 @@ class ConditionReader {
   bool ReadPrimary();
   bool ReadCase();
   bool ReadPlainString(std::string_view& content);
-  std::string_view TakeParentheses();
   REPCondType_e Comparison(Token const& token) const;
   bool IsOperator(Token const& token) const;
   bool ContinuesExpression(Token const& token) const;
@@ -216,7 +203,7 @@ Condition ConditionReader::ReadTerm() {
 // EXISTS ( query )
 Condition ConditionReader::ReadExists() {
   in_.Next();
-  auto const query = TakeParentheses();
+  auto const query = in_.TakeParentheses();
   return query.empty() ? nullptr : MakeTest(in_, REPCondType_e::Exists, query);
 }
 
@@ -453,16 +440,6 @@ bool ConditionReader::ReadPlainString(std::string_view& content) {
   content = text.substr(1, text.size() - 2);
   in_.Next();
   return true;
-}
-
-// Takes "(" to ")"; the text between them.
-std::string_view ConditionReader::TakeParentheses() {
-  auto const mark = in_.Mark() + 1;
-  in_.SkipParentheses();
-  in_.StepBack();
-  auto const text = in_.TextSince(mark);
-  in_.Next();
-  return text;
 }
 
 REPCondType_e ConditionReader::Comparison(Token const& token) const {

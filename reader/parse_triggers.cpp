@@ -109,14 +109,9 @@ void ParseReferencing(TokenStream& in, REPCreateTrigger& trigger) {
 
 // (condition), behind WHEN
 void ParseWhen(TokenStream& in, REPCreateTrigger& trigger) {
-  if (!in.Is('(')) in.Fail("'('");
-  auto const open = in.Mark();
-  in.SkipParentheses();
-  in.StepBack();
-  auto const text = in.TextSince(open + 1);
+  auto const text = in.TakeParentheses();
   if (text.empty()) in.Fail("a condition");
   trigger.SetTriggerWhen(in.Copy(text));
-  in.Expect(')');
 }
 
 // FOLLOWS | PRECEDES name [, name]... | {FORWARD | REVERSE} CROSSEDITION | ENABLE | DISABLE |

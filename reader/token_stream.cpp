@@ -103,6 +103,16 @@ bool TokenStream::SkipParentheses() {
   return true;
 }
 
+std::string_view TokenStream::TakeParentheses() {
+  if (!Is('(')) Fail("'('");
+  auto const mark = next_ + 1;
+  SkipParentheses();
+  StepBack();
+  auto const text = TextSince(mark);
+  Next();
+  return text;
+}
+
 void TokenStream::Enter(std::size_t count) {
   depth_ += count;
   if (depth_ <= kDeepest) return;

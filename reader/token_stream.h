@@ -111,6 +111,8 @@ class TokenStream {
 
   // Takes "(" and all up to the ")" that closes it, when "(" comes.
   bool SkipParentheses();
+  // The same where "(" has to come; the text between them.
+  std::string_view TakeParentheses();
   // Takes the coming token, with all it holds when it is a "(".
   void SkipItem() {
     if (!SkipParentheses()) Next();
