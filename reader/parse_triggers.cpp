@@ -109,9 +109,11 @@ void ParseReferencing(TokenStream& in, REPCreateTrigger& trigger) {
 
 // (condition), behind WHEN
 void ParseWhen(TokenStream& in, REPCreateTrigger& trigger) {
-  auto const text = in.TakeParentheses();
-  if (text.empty()) in.Fail("a condition");
-  trigger.SetTriggerWhen(in.Copy(text));
+  if (in.Is('(') && in.Peek(1).punctuation == ')') {
+    in.Next();
+    in.Fail("a condition");
+  }
+  trigger.SetTriggerWhen(in.Copy(in.TakeParentheses()));
 }
 
 // FOLLOWS | PRECEDES name [, name]... | {FORWARD | REVERSE} CROSSEDITION | ENABLE | DISABLE |
