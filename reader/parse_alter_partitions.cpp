@@ -10,6 +10,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_partitions.h"
 #include "reader/parse_storage.h"
+#include "reader/replace.h"
 #include "repora/core/letters.h"
 #include "repora/tables/alter_partitions.h"
 #include "repora/tables/table_organisation.h"
@@ -95,8 +96,7 @@ bool ParseValuesChange(TokenStream& in, Clause& clause) {
     clause.SetAddDropValues(REPAddDropValues_e::Drop);
   else
     return false;
-  std::unique_ptr<REPListValueClause> const replaced(clause.GetListValueClause());
-  clause.SetListValueClause(ParseListValues(in).release());
+  Replace(clause, &Clause::GetListValueClause, &Clause::SetListValueClause, ParseListValues(in));
   return true;
 }
 

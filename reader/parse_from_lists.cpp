@@ -114,7 +114,10 @@ TableRef QueryReader::ReadTable() {
   table->SetTableRef(REPTableRef_e::QueryTableExpr);
   if (in_.Is('(') && !OpensQuery()) {
     table = ReadParenthesisedTable();
-    if (table->GetTable_e() == REPTableRef_e::ParenthesisedJoin) return table;
+    // What the table has within the parentheses it cannot have behind them as well.
+    if (table->GetTable_e() == REPTableRef_e::ParenthesisedJoin || table->GetAliasName() ||
+        table->GetFlashback())
+      return table;
   } else if (in_.Is(K_ONLY) && in_.Peek(1).punctuation == '(') {
     in_.Next();
     in_.Next();

@@ -10,6 +10,7 @@
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
 #include "reader/parse_strings.h"
+#include "reader/replace.h"
 
 namespace repora::reader {
 namespace {
@@ -186,8 +187,8 @@ std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in,
     if (ParseIndexAttribute(in, *attributes)) {
       given = true;
     } else if (join && in.Is(K_LOCAL)) {
-      std::unique_ptr<REPLocalPartitionedIndexClause> const replaced(join->GetLocalPartition());
-      join->SetLocalPartition(ParseLocalPartitions(in).release());
+      Replace(*join, &REPBitmapIndexClause::GetLocalPartition,
+              &REPBitmapIndexClause::SetLocalPartition, ParseLocalPartitions(in));
     } else if (!SkipNewerIndexProperty(in)) {
       break;
     }
