@@ -16,12 +16,10 @@ void NoteSkipped(TokenStream& in, Token const& token) {
 
 // NOPARALLEL | PARALLEL [n | (...)]; false when none comes.
 bool ParseIndexParallel(TokenStream& in, IndexOptions& options) {
-  auto const clause = ParseParallel(in);
-  if (!clause) return false;
-  bool const parallel = clause->GetParallel() == REPParallel_e::Parallel;
-  auto const degree = parallel ? clause->GetValue() : std::string();
-  options.SetParallelSize(degree.c_str());
-  options.SetParallel(degree.empty() ? clause->GetParallel() : REPParallel_e::ParallelDegree);
+  auto const clause = ParseParallelDegree(in);
+  if (clause.parallel == REPParallel_e::None) return false;
+  options.SetParallelSize(clause.degree.c_str());
+  options.SetParallel(clause.parallel);
   return true;
 }
 

@@ -155,14 +155,6 @@ bool SkipPartitionClause(TokenStream& in) {
   return true;
 }
 
-// [BASIC | ADVANCED ... | FOR ...], behind COMPRESS
-void SkipKindOfCompression(TokenStream& in) {
-  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return;
-  in.Note(in.Peek(), "kind of compression is skipped");
-  in.Next();
-  while (!in.AtEnd() && !IsTail(in) && !StartsAlterClause(in.Peek().word)) in.SkipItem();
-}
-
 // {LOB ... | VARRAY ...} parameters, with "," between them or not; false when none comes.
 bool ParseLob(TokenStream& in, LobSegment segment,
               std::unique_ptr<REPVarrayLOBParametersList>& list) {
@@ -573,7 +565,7 @@ Operation const* FindOperation(TokenStream const& in) {
 
 }  // namespace
 
-bool ParseAlterPartitions(TokenStream& in, REPAlterTable& table) {
+bool ParseAlterPartitions(TokenStream& in, std::unique_ptr<REPAlterTablePartitioning>& change) {
   auto const* const operation = FindOperation(in);
   if (!operation) return false;
   auto const& token = in.Next();
@@ -583,10 +575,10 @@ bool ParseAlterPartitions(TokenStream& in, REPAlterTable& table) {
   bool const read = operation->parse(in, *clause);
   ParseTails(in, *clause);
   if (!read) return true;
-  if (table.GetAlterTablePartitioning())
+  if (change)
     in.Note(token, "further changes of partitions are skipped");
   else
-    table.SetAlterTablePartitioning(clause.release());
+    change = std::move(clause);
   return true;
 }
 

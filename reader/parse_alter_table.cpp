@@ -91,9 +91,7 @@ std::unique_ptr<REPCompressionClause> ParseTableCompression(TokenStream& in) {
   auto clause = std::make_unique<REPCompressionClause>();
   clause->SetCompression(compression.compress);
   clause->SetCompressionSize(in.Copy(compression.size));
-  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return clause;
-  in.Note(in.Peek(), "kind of compression is skipped");
-  SkipAlterClause(in);
+  SkipKindOfCompression(in);
   return clause;
 }
 
@@ -216,6 +214,7 @@ struct Progress {
   bool in_overflow = false;  // segment attributes and extents that come belong to the overflow
   std::unique_ptr<MoveTable> move;
   bool in_move = false;  // what comes may belong to the MOVE
+  std::unique_ptr<REPAlterTablePartitioning> partitioning;
   ExternalTable external;
 };
 
@@ -297,8 +296,9 @@ void ParseEnable(TokenStream& in, REPAlterTable& table) {
 }
 
 void ParseAlterClause(TokenStream& in, REPAlterTable& table, Progress& progress) {
-  if (ParseAlterPartitions(in, table) || SkipPartitioning(in) || ParseMove(in, progress) ||
-      progress.external.ParseOption(in) || ParseProperty(in, table, progress))
+  if (ParseAlterPartitions(in, progress.partitioning) || SkipPartitioning(in) ||
+      ParseMove(in, progress) || progress.external.ParseOption(in) ||
+      ParseProperty(in, table, progress))
     return;
   switch (in.Peek().word) {
     case K_ADD: ParseAlterAdd(in, table); break;
@@ -385,6 +385,7 @@ std::unique_ptr<REPStatement> ParseAlterTable(TokenStream& in) {
   Progress progress;
   do ParseAlterClause(in, *table, progress);
   while (!in.AtEnd());
+  table->SetAlterTablePartitioning(progress.partitioning.release());
   if (progress.move) table->SetMoveTableClause(progress.move->Take().release());
   table->SetExternalTableClause(progress.external.Take().release());
   return HoldsNothing(*table) ? nullptr : std::move(table);

@@ -59,19 +59,6 @@ std::unique_ptr<REPClusterColumnList> ParseClusterColumns(TokenStream& in) {
   return columns;
 }
 
-// An expression up to where the options of the cluster go on.
-std::unique_ptr<REPExpr> ParseHashExpression(TokenStream& in) {
-  auto const mark = in.Mark();
-  bool operand_due = true;
-  while (!in.AtEnd() && (operand_due || !StartsOption(in.Peek().word))) {
-    auto const& token = in.Peek();
-    operand_due = token.kind == TokenKind::Punctuation && token.punctuation != '(';
-    in.SkipItem();
-  }
-  if (operand_due) in.Fail("an expression");
-  return MakeExpression(in, mark);
-}
-
 // Options of CREATE and ALTER CLUSTER; false when none comes.
 bool ParseCommonOption(TokenStream& in, ClusterOptions& cluster) {
   auto& physical = *cluster.GetPhysicalAttrClause();
@@ -85,13 +72,6 @@ bool ParseCommonOption(TokenStream& in, ClusterOptions& cluster) {
   else
     return false;
   return true;
-}
-
-// The segment of a cluster follows what its statement renders, and MAXTRANS is not rendered.
-void NoteMaxTransAlone(TokenStream& in, Token const& statement, ClusterOptions const& cluster) {
-  auto const& physical = *cluster.GetPhysicalAttrClause();
-  if (physical.GetMaxTrans() >= 0 && physical.AsString().empty())
-    in.Note(statement, "clause MAXTRANS is skipped");
 }
 
 void ParseCreateOption(TokenStream& in, REPCreateCluster& cluster, Clauses& clauses) {
@@ -108,7 +88,8 @@ void ParseCreateOption(TokenStream& in, REPCreateCluster& cluster, Clauses& clau
     cluster.SetHashSize(in.Copy(in.ExpectNumber()));
   } else if (in.Accept(K_HASH)) {
     in.Expect(K_IS);
-    clauses.hash_expression = ParseHashExpression(in);
+    clauses.hash_expression = ParseExpression(
+        in, [](TokenStream const& stream) { return StartsOption(stream.Peek().word); });
   } else if (in.Accept(K_ROWDEPENDENCIES)) {
     cluster.SetRowDepend(REPRowDepend_e::RowDependencies);
   } else if (in.Accept(K_NOROWDEPENDENCIES)) {
@@ -167,7 +148,7 @@ std::unique_ptr<REPStatement> ParseCreateCluster(TokenStream& in) {
   cluster->SetTablespaceName(clauses.tablespace.release());
   cluster->SetHashExpr(clauses.hash_expression.release());
   cluster->SetParallelClause(clauses.parallel.release());
-  NoteMaxTransAlone(in, start, *cluster);
+  NoteMaxTransAlone(in, start, *cluster->GetPhysicalAttrClause());
   return cluster;
 }
 
@@ -183,7 +164,7 @@ std::unique_ptr<REPStatement> ParseAlterCluster(TokenStream& in) {
   bool holds = false;
   do holds = ParseAlterOption(in, *cluster) || holds;
   while (!in.AtEnd());
-  NoteMaxTransAlone(in, start, *cluster);
+  NoteMaxTransAlone(in, start, *cluster->GetPhysicalAttrClause());
   if (!holds) return nullptr;
   return cluster;
 }

@@ -56,6 +56,18 @@ std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark) {
   return expression;
 }
 
+std::unique_ptr<REPExpr> ParseExpression(TokenStream& in, bool (*ends)(TokenStream const& in)) {
+  auto const mark = in.Mark();
+  bool operand_due = true;
+  while (!in.AtEnd() && (operand_due || !ends(in))) {
+    auto const& token = in.Peek();
+    operand_due = token.kind == TokenKind::Punctuation && token.punctuation != '(';
+    in.SkipItem();
+  }
+  if (operand_due) in.Fail("an expression");
+  return MakeExpression(in, mark);
+}
+
 bool AcceptOrReplace(TokenStream& in) {
   return in.Accept(K_OR, K_REPLACE);
 }

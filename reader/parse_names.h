@@ -29,6 +29,9 @@ void SkipConnectionQualifier(TokenStream& in);
 // The script's own text since a mark.
 std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark);
 
+// An expression, up to where something comes that ends it and no operand is due.
+std::unique_ptr<REPExpr> ParseExpression(TokenStream& in, bool (*ends)(TokenStream const& in));
+
 // [OR REPLACE]; true when it is there.
 bool AcceptOrReplace(TokenStream& in);
 

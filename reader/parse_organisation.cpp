@@ -149,6 +149,74 @@ std::unique_ptr<REPExternalTableClause> ExternalTable::Take() {
   return std::move(clause_);
 }
 
+bool PhysicalSide::ParsePart(TokenStream& in) {
+  if (!StartsSegmentAttribute(in.Peek().word)) {
+    in_overflow_ = false;
+    return ParseOption(in);
+  }
+  auto& segment = in_overflow_ ? overflow_segment_ : segment_;
+  if (!segment) segment = std::make_unique<REPSegmentAttributesClause>();
+  return ParseSegmentAttribute(in, *segment);
+}
+
+void PhysicalSide::ParseOrganization(TokenStream& in) {
+  if (in.Accept(K_HEAP)) {
+    organization_ = REPOrganization_e::Heap;
+  } else if (in.Accept(K_INDEX)) {
+    organization_ = REPOrganization_e::Index;
+  } else if (in.Accept(K_EXTERNAL)) {
+    organization_ = REPOrganization_e::External;
+    external_.ParseBody(in);
+  } else {
+    in.Fail("HEAP, INDEX or EXTERNAL");
+  }
+}
+
+bool PhysicalSide::ParseOption(TokenStream& in) {
+  if (organization_ == REPOrganization_e::External && external_.ParseOption(in)) return true;
+  switch (in.Peek().word) {
+    case K_ORGANIZATION:
+      in.Next();
+      ParseOrganization(in);
+      break;
+    case K_CLUSTER:
+      in.Next();
+      cluster_ = ParseName(in);
+      cluster_columns_ = ParseNameList(in);
+      break;
+    case K_MAPPING:
+      in.Expect(K_MAPPING, K_TABLE);
+      mapping_ = REPMapping_e::MappingTable;
+      break;
+    case K_NOMAPPING:
+      in.Next();
+      mapping_ = REPMapping_e::NoMapping;
+      break;
+    case K_PCTTHRESHOLD:
+      in.Next();
+      pct_threshold_ = in.ExpectNumber();
+      break;
+    case K_INCLUDING:
+      in.Next();
+      including_ = ParseName(in);
+      break;
+    case K_OVERFLOW:
+      in.Next();
+      has_overflow_ = true;
+      in_overflow_ = true;
+      break;
+    case K_COMPRESS:
+    case K_NOCOMPRESS:
+      compression_ = ParseCompression(in);
+      SkipKindOfCompression(in);
+      break;
+    default:
+      // COMPRESS follows, and says it all.
+      return in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE);
+  }
+  return true;
+}
+
 bool ParseIndexOrganizationOption(TokenStream& in, REPIndexOrgTableClause& clause) {
   if (in.Accept(K_MAPPING, K_TABLE))
     clause.SetMappingTable(REPMapping_e::MappingTable);

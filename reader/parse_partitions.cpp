@@ -83,14 +83,6 @@ bool SkipAttribute(TokenStream& in) {
   return true;
 }
 
-// [BASIC | ADVANCED ... | FOR ...], behind COMPRESS
-void SkipKindOfCompression(TokenStream& in) {
-  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return;
-  in.Note(in.Peek(), "kind of compression is skipped");
-  in.Next();
-  SkipRest(in);
-}
-
 // [STORE IN (tablespace, ...)]; null when none comes.
 std::unique_ptr<REPNameList> ParseStoreIn(TokenStream& in) {
   return in.Accept(K_STORE, K_IN) ? ParseNameList(in) : nullptr;

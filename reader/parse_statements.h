@@ -35,6 +35,12 @@ std::unique_ptr<REPStatement> ParseAlterDiskgroup(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateView(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in);
 
+// Of SNAPSHOT too, the older word for a materialized view.
+std::unique_ptr<REPStatement> ParseCreateMaterializedView(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterMaterializedView(TokenStream& in);
+std::unique_ptr<REPStatement> ParseCreateMaterializedViewLog(TokenStream& in);
+std::unique_ptr<REPStatement> ParseAlterMaterializedViewLog(TokenStream& in);
+
 std::unique_ptr<REPStatement> ParseCreateSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseAlterSequence(TokenStream& in);
 std::unique_ptr<REPStatement> ParseCreateSynonym(TokenStream& in);

@@ -170,6 +170,37 @@ Compression ParseCompression(TokenStream& in) {
   return {REPCompress_e::Compress, {}};
 }
 
+void SkipKindOfCompression(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_BASIC) || in.Is(K_FOR, K_UPDATE)) return;
+  if (in.Accept(K_FOR))
+    in.Next();
+  else if (!in.Accept(K_ADVANCED))
+    return;
+  in.Note(token, "kind of compression is skipped");
+  if (in.Is(K_LOW) || in.Is(K_HIGH) || in.Is(K_OPERATIONS)) in.Next();
+  if (!in.Accept(K_ROW, K_LEVEL, K_LOCKING)) in.Accept(K_NO, K_ROW, K_LEVEL, K_LOCKING);
+}
+
+REPCache_e ParseCache(TokenStream& in) {
+  return in.Accept(K_READS) ? REPCache_e::CacheReads : REPCache_e::Cache;
+}
+
+Parallel ParseParallelDegree(TokenStream& in) {
+  auto const clause = ParseParallel(in);
+  if (!clause) return {};
+  if (clause->GetParallel() != REPParallel_e::Parallel) return {clause->GetParallel(), {}};
+  auto degree = clause->GetValue();
+  return {degree.empty() ? REPParallel_e::Parallel : REPParallel_e::ParallelDegree,
+          std::move(degree)};
+}
+
+void NoteMaxTransAlone(TokenStream& in, Token const& statement,
+                       REPPhysicalAttrClause const& attributes) {
+  if (attributes.GetMaxTrans() >= 0 && attributes.AsString().empty())
+    in.Note(statement, "clause MAXTRANS is skipped");
+}
+
 std::unique_ptr<REPAllocExtentClause> ParseAllocateExtent(TokenStream& in) {
   auto clause = std::make_unique<REPAllocExtentClause>();
   in.Expect(K_ALLOCATE, K_EXTENT);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "reader/token_stream.h"
 #include "repora/storage/extents.h"
@@ -35,6 +36,27 @@ struct Compression {
 
 // COMPRESS [n] | NOCOMPRESS; nothing when none comes.
 Compression ParseCompression(TokenStream& in);
+
+// [BASIC | ADVANCED [LOW | HIGH] | FOR kind [LOW | HIGH | OPERATIONS]] [[NO] ROW LEVEL LOCKING],
+// behind the COMPRESS of a table or partition: the kind is skipped.
+void SkipKindOfCompression(TokenStream& in);
+
+// [READS], behind CACHE
+REPCache_e ParseCache(TokenStream& in);
+
+// What PARALLEL or NOPARALLEL says to a statement that keeps the degree apart.
+struct Parallel {
+  REPParallel_e parallel = REPParallel_e::None;  // ParallelDegree with a degree
+  std::string degree;
+};
+
+// NOPARALLEL | PARALLEL [n | ( [DEGREE n] [INSTANCES n] )]; nothing when none comes.
+Parallel ParseParallelDegree(TokenStream& in);
+
+// Notes a MAXTRANS that stands alone in a statement: segments follow what their statement renders,
+// and MAXTRANS is not rendered.
+void NoteMaxTransAlone(TokenStream& in, Token const& statement,
+                       REPPhysicalAttrClause const& attributes);
 
 // ALLOCATE EXTENT [( [SIZE size] [DATAFILE 'file'] [INSTANCE n] )]
 std::unique_ptr<REPAllocExtentClause> ParseAllocateExtent(TokenStream& in);

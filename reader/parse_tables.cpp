@@ -19,16 +19,10 @@ namespace {
 
 // Clauses that may be written more than once, of which the last counts, until the table takes them.
 struct Clauses {
-  std::unique_ptr<REPSegmentAttributesClause> segment;
-  std::unique_ptr<REPSegmentAttributesClause> overflow;
+  PhysicalSide physical;
   std::unique_ptr<REPParallelClause> parallel;
-  std::unique_ptr<REPName> including;
-  std::unique_ptr<REPName> cluster;
-  std::unique_ptr<REPNameList> cluster_columns;
   ColumnProperties column_properties;
-  ExternalTable external;
   std::unique_ptr<REPTablePartitioningClause> partitioning;
-  bool in_overflow = false;  // segment attributes that come belong to the overflow
 };
 
 // [AS] query; the library renders it without AS.
@@ -136,31 +130,6 @@ void ParseOnCommit(TokenStream& in, REPCreateTable& table) {
     throw SyntaxError(token.offset, "expected ON COMMIT DELETE ROWS or PRESERVE ROWS");
 }
 
-// ORGANIZATION {HEAP | INDEX | EXTERNAL [( option... )]}
-void ParseOrganization(TokenStream& in, REPCreateTable& table, ExternalTable& external) {
-  in.Expect(K_ORGANIZATION);
-  if (in.Accept(K_HEAP)) {
-    table.SetOrganization(REPOrganization_e::Heap);
-  } else if (in.Accept(K_INDEX)) {
-    table.SetOrganization(REPOrganization_e::Index);
-  } else if (in.Accept(K_EXTERNAL)) {
-    table.SetOrganization(REPOrganization_e::External);
-    external.ParseBody(in);
-  } else {
-    in.Fail("HEAP, INDEX or EXTERNAL");
-  }
-}
-
-// COMPRESS [n | BASIC | ADVANCED ... | FOR ...] | NOCOMPRESS
-void ParseTableCompression(TokenStream& in, REPCreateTable& table) {
-  auto const compression = ParseCompression(in);
-  table.SetCompression(compression.compress);
-  table.SetCompressionSize(in.Copy(compression.size));
-  if (in.Accept(K_BASIC) || !(in.Is(K_FOR) || in.Is(K_ADVANCED))) return;
-  in.Note(in.Peek(), "kind of compression is skipped");
-  SkipRest(in);
-}
-
 // {ENABLE | DISABLE} {ROW MOVEMENT | constraint}
 void ParseEnable(TokenStream& in, REPCreateTable& table) {
   if (IsEnableDisableClause(in)) {
@@ -179,13 +148,6 @@ void ParseEnable(TokenStream& in, REPCreateTable& table) {
   SkipRest(in);
 }
 
-// CLUSTER name (columns)
-void ParseCluster(TokenStream& in, Clauses& clauses) {
-  in.Expect(K_CLUSTER);
-  clauses.cluster = ParseName(in);
-  clauses.cluster_columns = ParseNameList(in);
-}
-
 // Options that are one word.
 bool ParseTableOption(TokenStream& in, REPCreateTable& table) {
   switch (in.Peek().word) {
@@ -195,37 +157,9 @@ bool ParseTableOption(TokenStream& in, REPCreateTable& table) {
     case K_NOMONITORING: table.SetMonitor(REPMonitor_e::Off); break;
     case K_ROWDEPENDENCIES: table.SetRowDepend(REPRowDepend_e::RowDependencies); break;
     case K_NOROWDEPENDENCIES: table.SetRowDepend(REPRowDepend_e::NoRowDependencies); break;
-    case K_NOMAPPING: table.SetMapping(REPMapping_e::NoMapping); break;
     default: return false;
   }
   in.Next();
-  return true;
-}
-
-// Options of a table organized as an index, and of one in a cluster.
-bool ParseOrganizationOption(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
-  switch (in.Peek().word) {
-    case K_ORGANIZATION: ParseOrganization(in, table, clauses.external); break;
-    case K_CLUSTER: ParseCluster(in, clauses); break;
-    case K_MAPPING:
-      in.Expect(K_MAPPING, K_TABLE);
-      table.SetMapping(REPMapping_e::MappingTable);
-      break;
-    case K_PCTTHRESHOLD:
-      in.Next();
-      table.SetPctThreshold(in.Copy(in.ExpectNumber()));
-      break;
-    case K_INCLUDING:
-      in.Next();
-      clauses.including = ParseName(in);
-      break;
-    case K_OVERFLOW:
-      in.Next();
-      table.SetIndexOverflow(true);
-      clauses.in_overflow = true;
-      break;
-    default: return false;
-  }
   return true;
 }
 
@@ -248,22 +182,12 @@ void SkipTableClause(TokenStream& in) {
 
 void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
   auto const word = in.Peek().word;
-  if (StartsSegmentAttribute(word)) {
-    auto& segment = clauses.in_overflow ? clauses.overflow : clauses.segment;
-    if (!segment) segment = std::make_unique<REPSegmentAttributesClause>();
-    ParseSegmentAttribute(in, *segment);
-    return;
-  }
-  clauses.in_overflow = false;
+  if (clauses.physical.ParsePart(in)) return;
   if (StartsTableQuery(word) && !table.GetSelect()) {
     in.Accept(K_AS);
     table.SetSelect(ParseQuery(in).release());
   } else if (word == K_ON) {
     ParseOnCommit(in, table);
-  } else if (word == K_COMPRESS || word == K_NOCOMPRESS) {
-    ParseTableCompression(in, table);
-  } else if (in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) {
-    // COMPRESS follows, and says it all.
   } else if (ParseColumnProperties(in, clauses.column_properties)) {
     // The table takes them in the end.
   } else if (word == K_ENABLE || word == K_DISABLE) {
@@ -273,10 +197,7 @@ void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) 
     if (!clauses.partitioning) SkipRest(in);
   } else if (auto parallel = ParseParallel(in)) {
     clauses.parallel = std::move(parallel);
-  } else if (table.GetOrganization() == REPOrganization_e::External &&
-             (word == K_REJECT || word == K_PROJECT)) {
-    clauses.external.ParseOption(in);
-  } else if (!ParseTableOption(in, table) && !ParseOrganizationOption(in, table, clauses)) {
+  } else if (!ParseTableOption(in, table)) {
     SkipTableClause(in);
   }
 }
@@ -322,14 +243,9 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
   if (has_columns) ParseColumns(in, *table);
   while (!in.AtEnd()) ParseTableClause(in, *table, clauses);
   if (!has_columns && !table->GetSelect()) in.Fail("'(' or AS");
-  table->SetSegmentAttributes(clauses.segment.release());
-  table->SetOverflowSegmentAttributes(clauses.overflow.release());
+  clauses.physical.GiveTo(*table);
   table->SetParallelClause(clauses.parallel.release());
-  table->SetExternalTableClause(clauses.external.Take().release());
   AddInOrder(*table, clauses.column_properties, &REPCreateTable::AddColumnProp);
-  table->SetIncludingColumn(clauses.including.release());
-  table->SetClusterName(clauses.cluster.release());
-  table->SetClusterColumns(clauses.cluster_columns.release());
   table->SetPartitioningClause(clauses.partitioning.release());
   return table;
 }

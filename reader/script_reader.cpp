@@ -16,7 +16,6 @@ namespace repora::reader {
 namespace {
 
 constexpr std::size_t kDeepestInclude = 20;
-constexpr std::size_t kLongestName = 100;
 
 // A text to read and where it comes from: a script, or a piece of one whose variables were
 // replaced.
@@ -41,28 +40,6 @@ std::string FaultText(Token const& fault, std::string_view text) {
   auto const byte = static_cast<unsigned char>(text[fault.offset]);
   return std::string("byte 0x") + kDigits[byte / 16U] + kDigits[byte % 16U] +
          " cannot stand in a statement";
-}
-
-// What a statement is called in messages: CREATE INDEX SCOTT.EMP_IX.
-std::string StatementName(Section const& section, std::vector<Token> const& tokens,
-                          std::string_view text) {
-  auto name = section.statement->Name();
-  auto first = std::min(section.tokens_of_kind, tokens.size() - 1);
-  auto const is = [&](std::size_t at, Word word) {
-    return at < tokens.size() && tokens[at].word == word;
-  };
-  if (is(first, K_IF) && is(first + 1, K_NOT) && is(first + 2, K_EXISTS)) first += 3;
-  auto last = first;
-  auto const is_name = [&](std::size_t at) {
-    return at < tokens.size() &&
-           (tokens[at].kind == TokenKind::Word || tokens[at].kind == TokenKind::QuotedName);
-  };
-  if (is_name(last)) ++last;
-  while (last > first && tokens[last].punctuation == '.' && is_name(last + 1)) last += 2;
-  if (last == first) return name;
-  auto const start = tokens[first].offset;
-  auto const part = text.substr(start, tokens[last - 1].end() - start);
-  return name + " " + std::string(part.substr(0, kLongestName));
 }
 
 // Whether a statement may hold a password, so that nothing of it may be shown. A string without an
@@ -196,12 +173,8 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
       throw SyntaxError(section.fault.offset, FaultText(section.fault, place.text));
     if (!kind) {
       FailUnknown(section, tokens, place.text);
-    } else if (kind->fate == StatementKind::Fate::Outside) {
-      CountOutside(place, section);
     } else if (!kind->parse) {
-      Report(DiagnosticKind::Note, place, section.start,
-             StatementName(section, tokens, place.text) + " is not read yet");
-      ++result_.unread;
+      CountOutside(place, section);
     } else if (ReadModelStatement(place, section, tokens)) {
       statement = result_.statements.size();
     } else {

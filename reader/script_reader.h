@@ -81,7 +81,7 @@ struct ReadResult {
   std::vector<std::unique_ptr<Source>> sources;  // the scripts and the files they include
   std::vector<ReadStatement> statements;
   std::vector<Diagnostic> diagnostics;  // in the order of the text
-  std::size_t unread = 0;               // statements with a syntax error, or not read yet
+  std::size_t unread = 0;               // statements with a syntax error, or skipped with notes
   std::size_t outside = 0;              // statements that have no place in a data model
 };
 

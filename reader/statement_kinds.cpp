@@ -8,13 +8,10 @@ namespace {
 using Words = std::array<Word, 4>;
 
 constexpr StatementKind Read(Words words, ParseFunction parse, Extent extent = Extent::Sql) {
-  return {words, StatementKind::Fate::Model, extent, parse};
-}
-constexpr StatementKind NotYet(Words words, Extent extent = Extent::Sql) {
-  return {words, StatementKind::Fate::Model, extent, nullptr};
+  return {words, extent, parse};
 }
 constexpr StatementKind Outside(Words words, Extent extent = Extent::Sql) {
-  return {words, StatementKind::Fate::Outside, extent, nullptr};
+  return {words, extent, nullptr};
 }
 
 // All kinds, those with the same first words together, a longer one behind its beginning.
@@ -25,9 +22,11 @@ constexpr StatementKind kKinds[] = {
     Read({K_CREATE, K_INDEX}, ParseCreateIndex),
     Read({K_CREATE, K_INDEXTYPE}, ParseCreateIndextype),
     Read({K_CREATE, K_VIEW}, ParseCreateView),
-    NotYet({K_CREATE, K_MATERIALIZED, K_VIEW}),
-    NotYet({K_CREATE, K_MATERIALIZED, K_VIEW, K_LOG}),
+    Read({K_CREATE, K_MATERIALIZED, K_VIEW}, ParseCreateMaterializedView),
+    Read({K_CREATE, K_MATERIALIZED, K_VIEW, K_LOG}, ParseCreateMaterializedViewLog),
     Outside({K_CREATE, K_MATERIALIZED, K_ZONEMAP}),
+    Read({K_CREATE, K_SNAPSHOT}, ParseCreateMaterializedView),
+    Read({K_CREATE, K_SNAPSHOT, K_LOG}, ParseCreateMaterializedViewLog),
     Read({K_CREATE, K_SEQUENCE}, ParseCreateSequence),
     Read({K_CREATE, K_SYNONYM}, ParseCreateSynonym),
     Read({K_CREATE, K_TRIGGER}, ParseCreateTrigger, Extent::Plsql),
@@ -77,9 +76,11 @@ constexpr StatementKind kKinds[] = {
     Read({K_ALTER, K_INDEX}, ParseAlterIndex),
     Read({K_ALTER, K_INDEXTYPE}, ParseUnsupported),
     Read({K_ALTER, K_VIEW}, ParseAlterView),
-    NotYet({K_ALTER, K_MATERIALIZED, K_VIEW}),
-    NotYet({K_ALTER, K_MATERIALIZED, K_VIEW, K_LOG}),
+    Read({K_ALTER, K_MATERIALIZED, K_VIEW}, ParseAlterMaterializedView),
+    Read({K_ALTER, K_MATERIALIZED, K_VIEW, K_LOG}, ParseAlterMaterializedViewLog),
     Outside({K_ALTER, K_MATERIALIZED, K_ZONEMAP}),
+    Read({K_ALTER, K_SNAPSHOT}, ParseAlterMaterializedView),
+    Read({K_ALTER, K_SNAPSHOT, K_LOG}, ParseAlterMaterializedViewLog),
     Read({K_ALTER, K_SEQUENCE}, ParseAlterSequence),
     Read({K_ALTER, K_TRIGGER}, ParseAlterTrigger),
     Read({K_ALTER, K_PROCEDURE}, ParseAlterProcedure),

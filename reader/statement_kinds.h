@@ -19,9 +19,8 @@ enum class Extent : std::uint8_t {
 // A kind of statement, told by its first words.
 struct StatementKind {
   std::array<Word, 4> words;  // without the modifiers between them, such as OR REPLACE
-  enum class Fate : std::uint8_t { Model, Outside } fate;
   Extent extent = Extent::Sql;
-  ParseFunction parse = nullptr;  // null: not read, or not read yet
+  ParseFunction parse = nullptr;  // null: outside the data model
 
   // "CREATE MATERIALIZED VIEW"
   std::string Name() const;

@@ -118,7 +118,7 @@ class TokenStream {
     if (!SkipParentheses()) Next();
   }
 
-  // Notes that something was skipped, "X is not read yet", found at a token.
+  // Notes that something was skipped, "clause X is skipped", found at a token.
   void Note(Token const& at, std::string_view text);
   std::vector<SkipNote> const& Notes() const { return notes_; }
 

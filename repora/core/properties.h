@@ -20,6 +20,13 @@ void SetReference(MOXActionSummaryItem& item, MOXId property, std::uint32_t id);
 void SetReferences(MOXActionSummaryItem& item, MOXId property,
                    std::vector<std::uint32_t> const& ids);
 
+// A choice of two keywords as a boolean: false for value 1, true for 2, nothing for any other.
+template <class Choice>
+void SetChoice(MOXActionSummaryItem& item, MOXId property, Choice choice) {
+  auto const value = static_cast<int>(choice);
+  if (value == 1 || value == 2) SetBoolean(item, property, value == 2);
+}
+
 void AddText(MOXActionSummaryItem& item, MOXId property, std::string_view text);
 void AddInteger(MOXActionSummaryItem& item, MOXId property, std::int32_t number);
 void AddBoolean(MOXActionSummaryItem& item, MOXId property, bool value);

@@ -154,6 +154,40 @@ inline constexpr std::int32_t kViewReadOnly = 2;
 
 // ORVTypes::pUseIndex
 inline constexpr std::int32_t kUsingIndex = 908;
+inline constexpr std::int32_t kUsingNoIndex = 909;
+
+// ORVTypes::pBuildClause
+inline constexpr std::int32_t kBuildImmediate = 906;
+inline constexpr std::int32_t kBuildDeferred = 907;
+
+// ORVTypes::pQueryRewriteState
+inline constexpr std::int32_t kRewriteEnabled = 920;
+inline constexpr std::int32_t kRewriteDisabled = 921;
+
+// ORVTypes::pRefreshState
+inline constexpr std::int32_t kRefreshed = 910;
+inline constexpr std::int32_t kNeverRefreshed = 911;
+
+// ORVTypes::pRefreshType
+inline constexpr std::int32_t kRefreshFast = 912;
+inline constexpr std::int32_t kRefreshComplete = 913;
+inline constexpr std::int32_t kRefreshForce = 914;
+
+// ORVTypes::pRefreshOnWhat
+inline constexpr std::int32_t kRefreshOnDemand = 915;
+inline constexpr std::int32_t kRefreshOnCommit = 916;
+
+// ORVTypes::pRefreshWithKey
+inline constexpr std::int32_t kRefreshWithPrimaryKey = 917;
+inline constexpr std::int32_t kRefreshWithRowId = 918;
+
+// ORVTypes::pRefreshMasterRollbackSegState and pRefreshLocalRollbackSegState
+inline constexpr std::int32_t kRollbackSegmentDefault = 902;
+inline constexpr std::int32_t kRollbackSegmentNamed = 919;
+
+// ORVTypes::pOracleUsingConstraintType
+inline constexpr std::int32_t kConstraintsEnforced = 0;
+inline constexpr std::int32_t kConstraintsTrusted = 1;
 
 // ORVTypes::pOracleIndexPartitionType
 inline constexpr std::int32_t kIndexPartitionGlobal = 0;

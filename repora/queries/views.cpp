@@ -5,8 +5,8 @@
 #include "repora/core/properties.h"
 #include "repora/model/codes.h"
 #include "repora/model/item.h"
-#include "repora/queries/query_clauses.h"
 #include "repora/queries/select.h"
+#include "repora/queries/view_columns.h"
 #include "repora/queries/view_writer.h"
 
 namespace codes = repora::codes;
@@ -43,14 +43,9 @@ REPProcess_e REPCreateView::Process(REPProcessor* processor) const {
   if (auto const result = query_->ProcessTableList(processor, &view, owner.c_str(), false);
       result != REPProcessOK)
     return result;
-  if (query_->IsUnionOrJoin() || query_->ContainsWildcard()) {
-    processor->DisplayWarning(query_->IsUnionOrJoin() ? REPMessage::ImportedAsUserSql
-                                                      : REPMessage::ImportedAsUserSqlWildcard,
-                              processor->GetObjectDisplayString(view.Type()), full_name);
-    writer.Text(ORVTypes::pViewSQL, AsString());
-  } else if (auto const result = ProcessColumns(*processor, view, replace);
-             result != REPProcessOK) {
-    return result;
+  repora::ViewOfQuery const made{*processor, view, name_.Get(), replace};
+  if (!repora::KeepSqlIfUnmapped(made, *query_, *this)) {
+    if (auto const result = ProcessColumns(made); result != REPProcessOK) return result;
   }
   if (restriction_ == REPSubqueryRestrict_e::None) return REPProcessOK;
   writer.Integer(ORVTypes::pViewWithCheck, restriction_ == REPSubqueryRestrict_e::ReadOnly
@@ -61,42 +56,21 @@ REPProcess_e REPCreateView::Process(REPProcessor* processor) const {
   return REPProcessOK;
 }
 
-// The view column by column, with the texts of its clauses.
-REPProcess_e REPCreateView::ProcessColumns(REPProcessor& processor, MOXActionSummaryItem& view,
-                                           bool replace) const {
-  if (auto const result = query_->ProcessColsForView(&processor, &view, replace);
-      result != REPProcessOK)
+// The view column by column, with its aliases and constraints.
+REPProcess_e REPCreateView::ProcessColumns(repora::ViewOfQuery const& view) const {
+  if (auto const result = repora::MakeViewColumns(view, *query_); result != REPProcessOK)
     return result;
-  repora::ViewWriter const writer(processor, view, replace);
-  writer.TextIfGiven(ORVTypes::pViewWhere, query_->GetWhereString());
-  if (auto const* const hierarchy = query_->GetHierQuery()) {
-    if (auto const result = hierarchy->Process(&processor, &view, replace); result != REPProcessOK)
+  if (auto const count = aliases_.GetCount(); count > 0) {
+    if (!repora::AliasesFit(view, count)) return REPProcessError;
+    if (auto const result = aliases_.Process(&view.processor, &view.item, view.name);
+        result != REPProcessOK)
       return result;
   }
-  writer.TextIfGiven(ORVTypes::pViewGroupBy, query_->GetGroupByString());
-  writer.TextIfGiven(ORVTypes::pViewHaving, query_->GetHavingString());
-  writer.TextIfGiven(ORVTypes::pViewOrderBy, query_->GetOrderByString());
-  if (auto const result = ProcessAliases(processor, view); result != REPProcessOK) return result;
-  if (auto const result = constraints_.Process(&processor, &view, name_.Get());
+  if (auto const result = constraints_.Process(&view.processor, &view.item, view.name);
       result != REPProcessOK)
     return result;
-  if (query_->ContainsFlashbackQuery())
-    processor.DisplayWarning(REPMessage::FlashbackUnsupported,
-                             processor.GetObjectDisplayString(view.Type()),
-                             repora::AsWritten(name_.Get()));
+  repora::WarnOfFlashback(view, *query_);
   return REPProcessOK;
-}
-
-REPProcess_e REPCreateView::ProcessAliases(REPProcessor& processor,
-                                           MOXActionSummaryItem& view) const {
-  if (aliases_.GetCount() == 0) return REPProcessOK;
-  if (aliases_.GetCount() != processor.GetViewColumnsColCount(view.Id())) {
-    processor.DisplayWarning(REPMessage::ColumnCountDiffers,
-                             processor.GetObjectDisplayString(view.Type()),
-                             repora::AsWritten(name_.Get()));
-    return REPProcessError;
-  }
-  return aliases_.Process(&processor, &view, name_.Get());
 }
 
 REPProcess_e REPViewAliasList::Process(REPProcessor* processor, MOXActionSummaryItem* view,
@@ -104,10 +78,9 @@ REPProcess_e REPViewAliasList::Process(REPProcessor* processor, MOXActionSummary
   if (!processor || !view) return REPProcessError;
   processor->AliasNameListClear();
   for (int i = 0; i < GetCount(); ++i) {
-    auto const column = processor->GetViewColumnsColInPos(view->Id(), i);
-    auto* const item = column != 0 ? processor->FindSummaryPtrById(column) : nullptr;
-    if (!item) return REPProcessError;
-    if (auto const result = GetAlias(i)->Process(processor, view, view_name, item);
+    auto* const column = repora::FindViewColumn(*processor, *view, i);
+    if (!column) return REPProcessError;
+    if (auto const result = GetAlias(i)->Process(processor, view, view_name, column);
         result != REPProcessOK)
       return result;
   }
@@ -118,12 +91,7 @@ REPProcess_e REPViewAliasList::Process(REPProcessor* processor, MOXActionSummary
 REPProcess_e REPViewAlias::Process(REPProcessor* processor, MOXActionSummaryItem* view,
                                    REPName const* view_name, MOXActionSummaryItem* column) const {
   if (!processor || !view || !column) return REPProcessError;
-  if (processor->AliasNameListAdd(name_.Get()) == REPProcessOK)
-    processor->RenameItem(column, name_.Get());
-  else
-    processor->DisplayWarning(REPMessage::DuplicateAlias, repora::AsWritten(name_.Get()),
-                              processor->GetObjectDisplayString(view->Type()),
-                              repora::AsWritten(view_name));
+  repora::RenameByAlias(*processor, *view, view_name, name_.Get(), *column);
   return constraints_ ? constraints_->Process(processor, view, view_name, column) : REPProcessOK;
 }
 

@@ -12,6 +12,10 @@ class MOXActionSummaryItem;
 class REPProcessor;
 class REPSelect;
 
+namespace repora {
+struct ViewOfQuery;
+}
+
 enum class REPViewForce_e : int { None, NoForce, Force };
 
 // The forms of ALTER VIEW.
@@ -176,9 +180,7 @@ class REPCreateView final : public REPStatement {
   std::string AsString() const override;
 
  private:
-  REPProcess_e ProcessColumns(REPProcessor& processor, MOXActionSummaryItem& view,
-                              bool replace) const;
-  REPProcess_e ProcessAliases(REPProcessor& processor, MOXActionSummaryItem& view) const;
+  REPProcess_e ProcessColumns(repora::ViewOfQuery const& view) const;
 
   bool replace_ = false;
   REPViewForce_e force_{};

@@ -6,6 +6,16 @@
 
 using repora::SqlText;
 
+void repora::WriteParallel(MOXActionSummaryItem& item, REPParallel_e parallel,
+                           std::string_view degree) {
+  if (parallel == REPParallel_e::NoParallel)
+    SetInteger(item, ORVTypes::pUseParallel, codes::kNoParallel);
+  if (parallel == REPParallel_e::Parallel || parallel == REPParallel_e::ParallelDegree) {
+    SetInteger(item, ORVTypes::pUseParallel, codes::kParallel);
+    SetTextIfGiven(item, ORVTypes::pOracleParallel, degree);
+  }
+}
+
 std::string REPParallelClause::GetValue() const {
   if (parallel_ == REPParallel_e::NoParallel) return "NOPARALLEL";
   if (parallel_ != REPParallel_e::Parallel) return {};
@@ -21,12 +31,8 @@ std::string REPParallelClause::GetValue() const {
 REPProcess_e REPParallelClause::Process(REPProcessor* /*processor*/,
                                         MOXActionSummaryItem* item) const {
   if (!item) return REPProcessError;
-  if (parallel_ == REPParallel_e::NoParallel)
-    repora::SetInteger(*item, ORVTypes::pUseParallel, repora::codes::kNoParallel);
-  if (parallel_ == REPParallel_e::Parallel) {
-    repora::SetInteger(*item, ORVTypes::pUseParallel, repora::codes::kParallel);
-    repora::SetTextIfGiven(*item, ORVTypes::pOracleParallel, GetValue());
-  }
+  if (parallel_ != REPParallel_e::ParallelDegree)
+    repora::WriteParallel(*item, parallel_, GetValue());
   return REPProcessOK;
 }
 

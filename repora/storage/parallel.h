@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "repora/core/keywords.h"
 #include "repora/core/owned.h"
@@ -8,6 +9,15 @@
 
 class MOXActionSummaryItem;
 class REPProcessor;
+
+namespace repora {
+
+// How a statement that keeps the degree apart runs: not in parallel, or in parallel with the degree
+// when there is one. PARALLEL with and without a degree is the same here; other values write
+// nothing.
+void WriteParallel(MOXActionSummaryItem& item, REPParallel_e parallel, std::string_view degree);
+
+}  // namespace repora
 
 // NOPARALLEL | PARALLEL [n | ( [DEGREE n] [INSTANCES n] )]
 // The degree is part of the clause, so REPParallel_e::ParallelDegree has no meaning here.

@@ -6,6 +6,7 @@
 #include "repora/model/codes.h"
 #include "repora/model/item.h"
 #include "repora/storage/compression.h"
+#include "repora/storage/parallel.h"
 
 namespace codes = repora::codes;
 
@@ -81,14 +82,8 @@ REPProcess_e REPAlterIndex::Process(REPProcessor* processor) const {
 }
 
 void REPAlterIndex::WriteParallel(MOXActionSummaryItem& storage) const {
-  if (parallel_ == REPParallel_e::NoParallel) {
-    repora::SetInteger(storage, ORVTypes::pUseParallel, codes::kNoParallel);
-    storage.RemoveProperty(ORVTypes::pOracleParallel);
-  }
-  if (parallel_ == REPParallel_e::Parallel || parallel_ == REPParallel_e::ParallelDegree) {
-    repora::SetInteger(storage, ORVTypes::pUseParallel, codes::kParallel);
-    repora::SetTextIfGiven(storage, ORVTypes::pOracleParallel, parallel_size_);
-  }
+  if (parallel_ == REPParallel_e::NoParallel) storage.RemoveProperty(ORVTypes::pOracleParallel);
+  repora::WriteParallel(storage, parallel_, parallel_size_);
 }
 
 std::string REPAlterIndex::AsString() const {

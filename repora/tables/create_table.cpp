@@ -12,19 +12,10 @@
 #include "repora/storage/partitions.h"
 #include "repora/storage/segment_attributes.h"
 #include "repora/tables/external_table.h"
+#include "repora/tables/organisation_items.h"
 #include "repora/tables/query_columns.h"
 
 namespace codes = repora::codes;
-
-namespace {
-
-// A choice of two keywords, of which the second means true.
-void SetChoice(MOXActionSummaryItem& item, MOXId property, int choice) {
-  if (choice == 1) repora::SetBoolean(item, property, false);
-  if (choice == 2) repora::SetBoolean(item, property, true);
-}
-
-}  // namespace
 
 REPCreateTable::REPCreateTable() = default;
 
@@ -68,18 +59,18 @@ REPProcess_e REPCreateTable::Process(REPProcessor* processor) const {
   ProcessCompression(entity);
   if (auto const result = column_properties_.Process(processor, &entity); result != REPProcessOK)
     return result;
-  SetChoice(entity, ORVTypes::pOracleCache, static_cast<int>(cache_));
+  repora::SetChoice(entity, ORVTypes::pOracleCache, cache_);
   if (parallel_) {
     if (auto const result = parallel_->Process(processor, &entity); result != REPProcessOK)
       return result;
   }
-  SetChoice(entity, ORVTypes::pOracleRowDependencies, static_cast<int>(row_dependencies_));
+  repora::SetChoice(entity, ORVTypes::pOracleRowDependencies, row_dependencies_);
   if (enable_disable_) {
     if (auto const result = enable_disable_->Process(processor, &entity, name_.Get());
         result != REPProcessOK)
       return result;
   }
-  SetChoice(entity, ORVTypes::pOracleEnableRowMovement, static_cast<int>(row_movement_));
+  repora::SetChoice(entity, ORVTypes::pOracleEnableRowMovement, row_movement_);
   if (monitor_ == REPMonitor_e::On) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, true);
   if (monitor_ == REPMonitor_e::Off) repora::SetBoolean(entity, ORVTypes::pIsMonitoring, false);
   return REPProcessOK;
@@ -120,14 +111,8 @@ REPProcess_e REPCreateTable::ProcessIndexOrganization(REPProcessor* processor,
     repora::SetInteger(entity, ORVTypes::pTableMapping, codes::kNoMapping);
   repora::SetTextIfGiven(entity, ORVTypes::pPctThreshold, pct_threshold_);
   if (including_column_) {
-    auto const column =
-        processor->FindItem(entity.Id(), ORVTypes::oAttribute, including_column_.Get());
-    if (!column) {
-      processor->DisplaySemantic(REPMessage::IncludingColumnMissing,
-                                 including_column_->GetFullName(false),
-                                 processor->GetObjectDisplayString(entity.Type()), entity.Name());
-      return REPProcessError;
-    }
+    auto const column = repora::FindIncludingColumn(*processor, entity, *including_column_);
+    if (column == 0) return REPProcessError;
     repora::SetReference(entity, ORVTypes::pIncludingColumn, column);
   }
   repora::SetBoolean(entity, ORVTypes::pIndexOverflow, index_overflow_);
@@ -142,24 +127,12 @@ REPProcess_e REPCreateTable::ProcessIndexOrganization(REPProcessor* processor,
 REPProcess_e REPCreateTable::ProcessCluster(REPProcessor* processor,
                                             MOXActionSummaryItem& entity) const {
   if (!cluster_) return REPProcessOK;
-  auto const root = processor->GetRoot();
-  auto cluster = processor->FindItem(root, ORVTypes::oOracleCluster, cluster_.Get());
-  if (!cluster) {
-    cluster = processor->FindCreateItem(root, ORVTypes::oOracleCluster, cluster_.Get());
-    if (auto* const item = processor->FindSummaryPtrById(cluster))
-      repora::SetTextIfGiven(*item, ORVTypes::pDBOwner, cluster_->GetOwnerName(false));
-  }
-  repora::SetReference(entity, ORVTypes::pOracleClusterRef, cluster);
+  repora::SetReference(entity, ORVTypes::pOracleClusterRef,
+                       repora::FindCluster(*processor, *cluster_));
   if (cluster_columns_ && cluster_columns_->GetCount() > 0) {
     std::vector<std::uint32_t> columns;
-    for (int i = 0; i < cluster_columns_->GetCount(); ++i) {
-      auto const* const name = cluster_columns_->GetName(i);
-      columns.push_back(processor->FindItem(entity.Id(), ORVTypes::oAttribute, name));
-      if (columns.back() != 0) continue;
-      processor->DisplaySemantic(REPMessage::ClusterColumnMissing, name->GetFullName(false),
-                                 processor->GetObjectDisplayString(entity.Type()), entity.Name());
+    if (!repora::FindClusterColumns(*processor, entity, *cluster_columns_, columns))
       return REPProcessError;
-    }
     repora::SetReferences(entity, ORVTypes::pOracleClusterColumnsRef, columns);
   }
   auto const* const storage = entity.Properties().Find(ORVTypes::pOracleDataStorageType);
