@@ -80,17 +80,18 @@ TEST(IndexPartitions, BoundValuesAreSplitAtTheirSeparator) {
       {"'\xC3\xA9\x81x'", {"'\xC3\xA9", "x'"}},
       {"\x81\xE9", {"", "\xE9"}},
   };
-  for (auto const& [values, pieces] : cases) {
-    SCOPED_TRACE(values);
+  for (auto const& one : cases) {
+    SCOPED_TRACE(one.values);
     InRun([&](RunningJob& run) {
       auto* const global = run.Add(ORVTypes::oOracleIndexGlobalPartition, "");
-      std::unique_ptr<REPIndexPartitioningClause> const range(Range("P", values));
+      std::unique_ptr<REPIndexPartitioningClause> const range(Range("P", one.values));
       EXPECT_EQ(range->Process(&run.p, global), REPProcessOK);
-      EXPECT_EQ(range->AsString(), std::string("PARTITION P VALUES LESS THAN (") + values + ")");
+      EXPECT_EQ(range->AsString(),
+                std::string("PARTITION P VALUES LESS THAN (") + one.values + ")");
       auto const& info = run.Only(global->Id(), ORVTypes::oOracleRangePartitionInfo);
       std::vector<std::string> written;
       ASSERT_TRUE(info.Properties().Find(ORVTypes::pPartitionValues)->GetStringVector(written));
-      EXPECT_EQ(written, pieces);
+      EXPECT_EQ(written, one.pieces);
     });
   }
 }
