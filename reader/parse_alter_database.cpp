@@ -53,10 +53,6 @@ std::unique_ptr<REPFileSpecList> ParseFiles(TokenStream& in) {
   return files;
 }
 
-std::string ParseWord(TokenStream& in) {
-  return ParseSimpleName(in)->AsString(false);
-}
-
 namespace {
 
 // 'instance' | instance
@@ -341,7 +337,7 @@ void ParseDefault(TokenStream& in, Alter& alter) {
   alter.SetAlterDBType(in.Accept(K_TEMPORARY) ? Type::DefaultTempTablespace
                                               : Type::DefaultTablespace);
   in.Expect(K_TABLESPACE);
-  alter.SetTablespaceName(ParseWord(in).c_str());
+  alter.SetTablespaceName(ParseNameText(in).c_str());
 }
 
 // {[PUBLIC] THREAD n | INSTANCE 'instance'}; false when something else comes

@@ -35,9 +35,6 @@ void SkipRest(TokenStream& in, std::string name = {});
 // {'file' | n} [, {'file' | n}]...
 std::unique_ptr<REPFileSpecList> ParseFiles(TokenStream& in);
 
-// name, without quotes
-std::string ParseWord(TokenStream& in);
-
 // RECOVER
 void ParseRecover(TokenStream& in, REPAlterDatabase& alter);
 

@@ -13,10 +13,6 @@ namespace {
 
 using Statement = REPCreateDatabase;
 
-std::string ParseWord(TokenStream& in) {
-  return ParseSimpleName(in)->AsString(false);
-}
-
 // {SYS | SYSTEM} IDENTIFIED BY password, behind USER
 void ParseUser(TokenStream& in, Statement& database) {
   if (!in.Is(K_SYS) && !in.Is(K_SYSTEM)) in.Fail("SYS or SYSTEM");
@@ -89,7 +85,7 @@ void ParseTemporary(TokenStream& in, Statement& database, REPFileSize_e size) {
   if (in.Accept(K_LOCAL)) in.Note(token, "clause LOCAL is skipped");
   in.Expect(K_TEMPORARY, K_TABLESPACE);
   if (!in.Accept(K_FOR, K_ALL)) in.Accept(K_FOR, K_LEAF);
-  database.SetTempTablespace(ParseWord(in).c_str());
+  database.SetTempTablespace(ParseNameText(in).c_str());
   database.SetTempDefaultSize(size);
   for (;;) {
     if (in.Accept(K_TEMPFILE)) {
@@ -106,7 +102,7 @@ void ParseTemporary(TokenStream& in, Statement& database, REPFileSize_e size) {
 
 // name [DATAFILE file [, file]...] [EXTENT MANAGEMENT ...], behind DEFAULT TABLESPACE
 void ParseDefault(TokenStream& in, Statement& database) {
-  database.SetDefaultTablespace(ParseWord(in).c_str());
+  database.SetDefaultTablespace(ParseNameText(in).c_str());
   for (;;) {
     if (in.Accept(K_DATAFILE)) {
       Replace(database, &Statement::GetDefaultDataFiles, &Statement::SetDefaultDataFiles,
@@ -130,7 +126,7 @@ void ParseTablespace(TokenStream& in, Statement& database) {
   if (in.Accept(K_SMALLFILE)) size = REPFileSize_e::SmallFile;
   if (in.Accept(K_UNDO, K_TABLESPACE)) {
     database.SetUndoSize(size);
-    database.SetUndoTablespace(ParseWord(in).c_str());
+    database.SetUndoTablespace(ParseNameText(in).c_str());
     if (in.Accept(K_DATAFILE))
       Replace(database, &Statement::GetUndoDataFiles, &Statement::SetUndoDataFiles,
               ParseDataFiles(in));
@@ -196,9 +192,9 @@ void ParseOption(TokenStream& in, Statement& database) {
   if (in.Accept(K_USER)) {
     ParseUser(in, database);
   } else if (in.Accept(K_CHARACTER, K_SET)) {
-    database.SetCharSet(ParseWord(in).c_str());
+    database.SetCharSet(ParseNameText(in).c_str());
   } else if (in.Accept(K_NATIONAL, K_CHARACTER, K_SET)) {
-    database.SetNationalCharSet(ParseWord(in).c_str());
+    database.SetNationalCharSet(ParseNameText(in).c_str());
   } else if (in.Accept(K_SET)) {
     ParseSet(in, database);
   } else if (in.Accept(K_LOGFILE)) {

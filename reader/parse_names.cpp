@@ -28,6 +28,10 @@ std::unique_ptr<REPName> ParseSimpleName(TokenStream& in) {
   return name;
 }
 
+std::string ParseNameText(TokenStream& in) {
+  return ParseSimpleName(in)->AsString(false);
+}
+
 std::unique_ptr<REPNameList> ParseNameList(TokenStream& in) {
   auto names = std::make_unique<REPNameList>();
   in.Expect('(');

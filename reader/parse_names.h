@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "reader/token_stream.h"
 #include "repora/core/expression.h"
@@ -16,6 +17,9 @@ std::unique_ptr<REPName> ParseName(TokenStream& in);
 
 // A name without dots, such as that of a column.
 std::unique_ptr<REPName> ParseSimpleName(TokenStream& in);
+
+// The same as the text that statements hold of users, profiles, tablespaces and character sets.
+std::string ParseNameText(TokenStream& in);
 
 // ( name [, name]... )
 std::unique_ptr<REPNameList> ParseNameList(TokenStream& in);

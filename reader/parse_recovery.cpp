@@ -124,8 +124,8 @@ void ParseRecoverDatabase(TokenStream& in, Alter& alter) {
 
 // name [, name]...
 std::string ParseTablespaces(TokenStream& in) {
-  auto names = ParseWord(in);
-  while (in.Accept(',')) names += ", " + ParseWord(in);
+  auto names = ParseNameText(in);
+  while (in.Accept(',')) names += ", " + ParseNameText(in);
   return names;
 }
 
@@ -246,7 +246,7 @@ void ParseRegister(TokenStream& in, Alter& alter) {
   alter.SetStandbyLogPhys(AcceptLogicalOrPhysical(in));
   in.Expect(K_LOGFILE);
   alter.SetFileSpecList(ParseFileSpecList(in).release());
-  if (in.Accept(K_FOR)) alter.SetStandbyLogminerName(ParseWord(in).c_str());
+  if (in.Accept(K_FOR)) alter.SetStandbyLogminerName(ParseNameText(in).c_str());
   EndStandby(in, alter, REPDBStandby_e::Register);
 }
 

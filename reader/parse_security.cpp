@@ -14,11 +14,6 @@
 namespace repora::reader {
 namespace {
 
-// The name of a user or a profile, which statements hold as text.
-std::string ParseNameText(TokenStream& in) {
-  return ParseSimpleName(in)->AsString(false);
-}
-
 // password | VALUES 'hash', behind BY; as written
 std::string_view ParsePassword(TokenStream& in) {
   auto const mark = in.Mark();

@@ -1,53 +1,42 @@
 #include "repora/core/keywords.h"
 
-#include <cstddef>
+#include "repora/core/keyword_table.h"
 
 namespace repora {
-namespace {
-
-// The keyword of a value, where the first keyword belongs to value 1.
-template <class Enum, std::size_t N>
-std::string_view Find(Enum value, std::string_view const (&keywords)[N]) {
-  auto const number = static_cast<int>(value);
-  return number >= 1 && number <= static_cast<int>(N) ? keywords[number - 1] : std::string_view();
-}
-
-}  // namespace
-
 std::string_view Keyword(REPFileSize_e value) {
   static constexpr std::string_view keywords[] = {"SMALLFILE", "BIGFILE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPStandby_e value) {
   static constexpr std::string_view keywords[] = {"PROTECTED", "UNPROTECTED"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPCompress_e value) {
   static constexpr std::string_view keywords[] = {"COMPRESS", "NOCOMPRESS"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPLogging_e value) {
   static constexpr std::string_view keywords[] = {"LOGGING", "NOLOGGING", "FORCE LOGGING",
                                                   "NO FORCE LOGGING"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPSort_e value) {
   static constexpr std::string_view keywords[] = {"NOSORT", "SORT", "ASC", "DESC"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPDeferrable_e value) {
   static constexpr std::string_view keywords[] = {"DEFERRABLE", "NOT DEFERRABLE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPInitially_e value) {
   static constexpr std::string_view keywords[] = {"INITIALLY IMMEDIATE", "INITIALLY DEFERRED"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPEnable_e value) {
@@ -57,132 +46,132 @@ std::string_view Keyword(REPEnable_e value) {
                                                   "DISABLE TABLE LOCK",
                                                   "ENABLE ALL TRIGGERS",
                                                   "DISABLE ALL TRIGGERS"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPValidate_e value) {
   static constexpr std::string_view keywords[] = {"VALIDATE", "NOVALIDATE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRely_e value) {
   static constexpr std::string_view keywords[] = {"RELY", "NORELY"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPDelete_e value) {
   static constexpr std::string_view keywords[] = {"CASCADE", "SET NULL"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPShrink_e value) {
   static constexpr std::string_view keywords[] = {"SHRINK SPACE", "SHRINK SPACE COMPACT",
                                                   "SHRINK SPACE CASCADE",
                                                   "SHRINK SPACE COMPACT CASCADE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPReturnAs_e value) {
   static constexpr std::string_view keywords[] = {"LOCATOR", "VALUE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPOrganization_e value) {
   static constexpr std::string_view keywords[] = {"ORGANIZATION HEAP", "ORGANIZATION INDEX",
                                                   "ORGANIZATION EXTERNAL"};
-  auto const keyword = Find(value, keywords);
+  auto const keyword = FindKeyword(value, keywords);
   return keyword.empty() ? "ORGANIZATION " : keyword;
 }
 
 std::string_view Keyword(REPSelectOpt_e value) {
   static constexpr std::string_view keywords[] = {"ALL", "UNIQUE", "DISTINCT"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPOrderBy_e value) {
   static constexpr std::string_view keywords[] = {"ASC", "DESC"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPOrderNulls_e value) {
   static constexpr std::string_view keywords[] = {"NULLS FIRST", "NULLS LAST"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPStorageRow_e value) {
   static constexpr std::string_view keywords[] = {"ENABLE STORAGE IN ROW",
                                                   "DISABLE STORAGE IN ROW"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPCache_e value) {
   static constexpr std::string_view keywords[] = {"NOCACHE", "CACHE", "CACHE READS"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPCycle_e value) {
   static constexpr std::string_view keywords[] = {"NOCYCLE", "CYCLE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPOrder_e value) {
   static constexpr std::string_view keywords[] = {"NOORDER", "ORDER"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPIndexType_e value) {
   static constexpr std::string_view keywords[] = {"UNIQUE", "BITMAP"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPNewValues_e value) {
   static constexpr std::string_view keywords[] = {"INCLUDING", "EXCLUDING"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPBuild_e value) {
   static constexpr std::string_view keywords[] = {"BUILD IMMEDIATE", "BUILD DEFERRED"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPParallel_e value) {
   static constexpr std::string_view keywords[] = {"NOPARALLEL", "PARALLEL", "PARALLEL"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRefresh_e value) {
   static constexpr std::string_view keywords[] = {"NEVER REFRESH", "REFRESH"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRefreshWith_e value) {
   static constexpr std::string_view keywords[] = {"WITH PRIMARY KEY", "WITH ROWID"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRefreshOn_e value) {
   static constexpr std::string_view keywords[] = {"ON DEMAND", "ON COMMIT"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRefreshConstraints_e value) {
   static constexpr std::string_view keywords[] = {"ENFORCED CONSTRAINTS", "TRUSTED CONSTRAINTS"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRefreshFast_e value) {
   static constexpr std::string_view keywords[] = {"FAST", "COMPLETE", "FORCE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPMaster_e value) {
   static constexpr std::string_view keywords[] = {"MASTER", "LOCAL"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPSubqueryType_e value) {
   static constexpr std::string_view keywords[] = {"UNION", "UNION ALL", "INTERSECT", "MINUS"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPJoinType_e value) {
@@ -203,7 +192,7 @@ std::string_view Keyword(REPJoinType_e value) {
                                                   "NATURAL LEFT OUTER JOIN",
                                                   "NATURAL RIGHT JOIN",
                                                   "NATURAL RIGHT OUTER JOIN"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 }  // namespace repora

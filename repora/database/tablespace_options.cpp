@@ -1,7 +1,6 @@
 #include "repora/database/tablespace_options.h"
 
-#include <cstddef>
-
+#include "repora/core/keyword_table.h"
 #include "repora/core/name.h"
 #include "repora/core/properties.h"
 #include "repora/core/sql_text.h"
@@ -10,12 +9,6 @@
 
 namespace repora {
 namespace {
-
-template <class Enum, std::size_t N>
-std::string_view Find(Enum value, std::string_view const (&keywords)[N]) {
-  auto const number = static_cast<int>(value);
-  return number >= 1 && number <= static_cast<int>(N) ? keywords[number - 1] : std::string_view();
-}
 
 // An option of which the first value is true in the model and the second false, or the other way
 // round.
@@ -30,7 +23,7 @@ void WriteChoice(MOXActionSummaryItem& item, MOXId property, Enum value, Enum is
 
 std::string_view Keyword(REPTempPerm_e value) {
   static constexpr std::string_view keywords[] = {"TEMPORARY", "PERMANENT"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPOnOff_e value) {
@@ -43,38 +36,38 @@ std::string_view Keyword(REPOnOff_e value) {
                                                   "DATAFILE OFFLINE",
                                                   "TEMPFILE ONLINE",
                                                   "TEMPFILE OFFLINE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPExtent_e value) {
   static constexpr std::string_view keywords[] = {"DICTIONARY", "LOCAL", "LOCAL AUTOALLOCATE",
                                                   "LOCAL UNIFORM", "UNIFORM"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPSegment_e value) {
   static constexpr std::string_view keywords[] = {"MANUAL", "AUTO"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPFlashback_e value) {
   static constexpr std::string_view keywords[] = {"ON", "OFF"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPRetention_e value) {
   static constexpr std::string_view keywords[] = {"GUARANTEE", "NOGUARANTEE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPReadWrite_e value) {
   static constexpr std::string_view keywords[] = {"READ ONLY", "READ WRITE"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 std::string_view Keyword(REPBackup_e value) {
   static constexpr std::string_view keywords[] = {"BEGIN BACKUP", "END BACKUP"};
-  return Find(value, keywords);
+  return FindKeyword(value, keywords);
 }
 
 void WriteCompress(MOXActionSummaryItem& tablespace, REPCompress_e value) {
