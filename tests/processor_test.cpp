@@ -196,6 +196,71 @@ TEST(Processor, StopBeforeTheRunLeavesTheModelAlone) {
   EXPECT_EQ(job.window.all.size(), 1U);  // the begin alone
 }
 
+// Hands out statements with the results given, and counts how many were asked for.
+class CountingSource final : public REPStatementSource {
+ public:
+  explicit CountingSource(std::vector<REPProcess_e> results) : results_(std::move(results)) {}
+  REPStatement* Next() override {
+    alive_at_calls.push_back(*alive_);
+    if (asked++ == results_.size()) return nullptr;
+    auto const token = std::make_shared<int>(0);
+    ++*alive_;
+    std::shared_ptr<int> const alive(token.get(), [count = alive_, token](int*) { --*count; });
+    return new FunctionStatement(
+        [this, alive, result = results_[asked - 1]](REPProcessor&) {
+          if (on_run) on_run();
+          return result;
+        },
+        "S" + std::to_string(asked) + ";");
+  }
+
+  std::size_t asked = 0;
+  std::vector<int> alive_at_calls;  // its statements that had not been deleted at each call
+  std::function<void()> on_run;
+
+ private:
+  std::vector<REPProcess_e> results_;
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
+};
+
+TEST(Processor, RunsTheStatementsOfASourceBehindThoseAdded) {
+  Job job;
+  CountingSource source({REPProcessOK, REPProcessDuplicate, REPProcessOK});
+  job.processor.SetStatementSource(&source);
+  job.Add([&](REPProcessor&) {
+    EXPECT_EQ(source.asked, 0U);
+    return REPProcessOK;
+  });
+  EXPECT_EQ(job.processor.GetCount(), 1);
+  EXPECT_TRUE(job.processor.Process());
+  EXPECT_EQ(source.alive_at_calls, (std::vector<int>{0, 0, 0, 0}));
+  ASSERT_GE(job.window.all.size(), 6U);
+  EXPECT_EQ(
+      std::vector<Notified>(job.window.all.begin(), job.window.all.begin() + 6),
+      (std::vector<Notified>{{eRENotifyBegin, 1, "", ""},
+                             {eRENotifyProgress, 1, "", ""},
+                             {eRENotifyProgress, 2, "", ""},
+                             {eRENotifyProgress, 3, "", ""},
+                             {eRENotifyDuplicate, 0, "REP-1", "Duplicate Object Not Created - S2;"},
+                             {eRENotifyProgress, 4, "", ""}}));
+  EXPECT_TRUE(job.processor.Process());  // a run of its own, which the source is not asked for
+  EXPECT_EQ(source.asked, 4U);
+}
+
+TEST(Processor, AStoppedRunLeavesTheSourceAlone) {
+  Job job;
+  auto const before = job.model.DumpText();
+  CountingSource source({REPProcessOK, REPProcessOK, REPProcessOK, REPProcessOK});
+  source.on_run = [&] {
+    if (source.asked == 2) job.processor.Stop();
+  };
+  job.processor.SetStatementSource(&source);
+  EXPECT_FALSE(job.processor.Process());
+  EXPECT_EQ(source.asked, 3U);
+  EXPECT_EQ(job.window.Of(eRENotifyProgress).size(), 2U);
+  EXPECT_EQ(job.model.DumpText(), before);
+}
+
 // The statements of a paused run wait; a stop takes effect when the pause is over.
 TEST(ProcessorThread, PauseHoldsAndStopEndsTheRun) {
   Job job;

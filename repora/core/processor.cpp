@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "repora/core/messages.h"
 #include "repora/core/name.h"
@@ -91,6 +92,10 @@ void REPProcessor::SetStatementType(REPStatement_e type) {
 
 void REPProcessor::AddStatement(REPStatement* statement) {
   if (statement) state_->statements.push_back(statement);
+}
+
+void REPProcessor::SetStatementSource(REPStatementSource* source) {
+  state_->source = source;
 }
 
 int REPProcessor::GetCount() const {
@@ -206,27 +211,46 @@ bool REPProcessor::WaitForTurn() {
 }
 
 bool REPProcessor::RunStatements() {
-  auto& statements = state_->statements;
-  auto const count = statements.size();
-  bool complete = true;
-  for (std::size_t i = 0; i < count; ++i) {
-    complete = WaitForTurn();
-    if (!complete) break;
-    if (i >= statements.size()) throw std::invalid_argument("statements changed during the run");
-    auto* const statement = statements[i];
-    state_->statement_type = statement->GetStatementType();
-    auto const result = statement->Process(this);
-    NotifyWindow(eRENotifyProgress, static_cast<int>(i) + 1);
-    ReportResult(result, *statement);
-    delete statement;
-    statements[i] = nullptr;
-  }
-  for (auto* const statement : statements) delete statement;
-  statements.clear();
+  int done = 0;
+  bool const complete = RunAddedStatements(done) && RunStatementsOfSource(done);
+  state_->source = nullptr;
+  for (auto* const statement : state_->statements) delete statement;
+  state_->statements.clear();
   state_->registry.Clear();
   state_->placeholders.Clear();
   state_->names.Clear();
   return complete;
+}
+
+bool REPProcessor::RunAddedStatements(int& done) {
+  auto& statements = state_->statements;
+  auto const count = statements.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    if (!WaitForTurn()) return false;
+    if (i >= statements.size()) throw std::invalid_argument("statements changed during the run");
+    RunStatement(std::unique_ptr<REPStatement>(std::exchange(statements[i], nullptr)), ++done);
+  }
+  return true;
+}
+
+// The turn is waited for once there is a statement, so that a stop after the last one comes too
+// late here as well.
+bool REPProcessor::RunStatementsOfSource(int& done) {
+  if (!state_->source) return true;
+  for (;;) {
+    // A source that is stopped itself may end early: what it gave is not to be applied then.
+    std::unique_ptr<REPStatement> statement(state_->source->Next());
+    if (!WaitForTurn()) return false;
+    if (!statement) return true;
+    RunStatement(std::move(statement), ++done);
+  }
+}
+
+void REPProcessor::RunStatement(std::unique_ptr<REPStatement> statement, int number) {
+  state_->statement_type = statement->GetStatementType();
+  auto const result = statement->Process(this);
+  NotifyWindow(eRENotifyProgress, number);
+  ReportResult(result, *statement);
 }
 
 void REPProcessor::ReportResult(REPProcess_e result, REPStatement const& statement) {

@@ -33,6 +33,18 @@ enum eREPPhysical : int { eREPPhysicalAsIs = 0, eREPPhysicalLower = 1, eREPPhysi
 // What kind of key a table's index is; further values are kept as given.
 enum REPIndexKeyType_e : int { REPIndexPrimaryKey = 1, REPIndexOtherKey = 2 };
 
+// Where a run gets statements from that its host makes while the run goes on. Called on the thread
+// that runs the processor, which waits for the answer.
+class REPStatementSource {
+ public:
+  // The next statement, which then belongs to the caller; null when no more will come. Not called
+  // again after null.
+  virtual REPStatement* Next() = 0;
+
+ protected:
+  ~REPStatementSource() = default;
+};
+
 // One reverse-engineering job: takes statements in script order, turns them into an action summary
 // and applies it to the model.
 //
@@ -65,7 +77,13 @@ class REPProcessor : public repora::RuntimeObject,
   void SetAdvisoryTree(void* tree);  // kept for the host, not used
   void SetStatementType(REPStatement_e type);
   void AddStatement(REPStatement* statement);  // takes ownership; null is ignored
-  int GetCount() const;                        // statements held
+  int GetCount() const;                        // statements held; those of a source are not counted
+  // Borrowed until the end of the next run, which forgets it; null: none. The run takes the
+  // statements added first and then asks the source until it has no more. Each is run, reported and
+  // deleted before the next one is asked for. eRENotifyBegin counts the statements added, as it
+  // cannot know the others; eRENotifyProgress counts on. A stopped run deletes the statement it was
+  // to run and does not ask again.
+  void SetStatementSource(REPStatementSource* source);
 
   // Runs the statements and applies the result to the model. False when the run was stopped or
   // there is no model set: the model is then untouched, and without a model set the statements
@@ -207,6 +225,9 @@ class REPProcessor : public repora::RuntimeObject,
   void LoadObject(MOXObject const& object);
   bool WaitForTurn();
   bool RunStatements();
+  bool RunAddedStatements(int& done);
+  bool RunStatementsOfSource(int& done);
+  void RunStatement(std::unique_ptr<REPStatement> statement, int number);
   void ReportResult(REPProcess_e result, REPStatement const& statement);
   void WriteSummaryFile();
   void ApplySummary(Run& run);

@@ -76,6 +76,7 @@ struct REPProcessor::State {
   MOXActionSummary* summary = nullptr;
   REPStatement_e statement_type = REPStatement_e::None;
   std::vector<REPStatement*> statements;  // owned; null once run
+  REPStatementSource* source = nullptr;   // borrowed; asked when those have run
   repora::NameTable names;
   repora::ItemRegistry registry{names};
   repora::ItemRegistry placeholders{names};
