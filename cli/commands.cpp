@@ -11,6 +11,7 @@
 #include "cli/interrupt.h"
 #include "cli/message_printer.h"
 #include "cli/progress.h"
+#include "cli/read_ahead.h"
 #include "cli/redaction.h"
 #include "cli/scripts.h"
 #include "export/json_export.h"
@@ -43,16 +44,6 @@ class Console final : public SessionObserver {
     bar_.Show(what, done, total);
   }
 
-  void TellScriptsWithoutStatements(Scripts const& scripts) {
-    for (auto const& name : scripts.without_statements) {
-      exporter::Message message;
-      message.kind = MessageKind::Note;
-      message.text = "no statements";
-      message.file = name;
-      OnMessage(message, nullptr, 0);
-    }
-  }
-
   void HideProgress() { bar_.Hide(); }
   exporter::MessageCounts const& Counts() const { return counts_; }
   std::vector<exporter::Message> const& Messages() const { return messages_; }
@@ -79,9 +70,10 @@ int StatusOf(exporter::MessageCounts const& messages, std::size_t unread, bool s
 }
 
 // Runs the session so that Ctrl-C stops it.
-void RunUntilInterrupted(ImportSession& session, InterruptWatch& interrupts) {
+void RunUntilInterrupted(ImportSession& session, PieceFeed const& feed,
+                         InterruptWatch& interrupts) {
   interrupts.SetAction([&] { session.Stop(); });
-  bool const complete = session.Run();
+  bool const complete = session.Run(feed);
   interrupts.ClearAction();
   interrupts.ThrowIfInterrupted();
   if (!complete) throw std::logic_error("the run ended before its time");
@@ -117,13 +109,21 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
   if (!options.summary.empty()) summary_path.emplace(summary.emplace(options.summary));
 
   Console console(options);
-  auto scripts = ReadScripts(options.scripts, options.defines, interrupts);
-  if (options.redact) RedactPasswords(scripts.read);
-  console.TellScriptsWithoutStatements(scripts);
+  auto scripts = LoadScripts(options.scripts, interrupts);
   auto settings = options.settings;
+  settings.script_bytes = scripts.Size();
   if (summary_path) settings.summary_file = summary_path->Path();
-  ImportSession session(settings, scripts.read, console);
-  RunUntilInterrupted(session, interrupts);
+  reader::ReadResult result;
+  ReadAhead reading([&](ReadAhead::HandOver const& hand_over) {
+    ReadScripts(std::move(scripts), options.defines, interrupts, hand_over, result);
+  });
+  auto const feed = [&](reader::ReadPiece& piece) {
+    if (!reading.Next(piece)) return false;
+    if (options.redact) RedactPasswords(piece);
+    return true;
+  };
+  ImportSession session(settings, console);
+  RunUntilInterrupted(session, feed, interrupts);
   console.HideProgress();
 
   if (summary_path) summary_path->Finish();
@@ -149,27 +149,32 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
     else
       OutputFile(std::string(kStandardStream)).Write(report);
   }
-  return StatusOf(console.Counts(), scripts.read.unread, options.strict);
+  return StatusOf(console.Counts(), result.unread, options.strict);
 }
 
 int RunRender(Options const& options, InterruptWatch& interrupts) {
   Console console(options);
-  auto scripts = ReadScripts(options.scripts, options.defines, interrupts);
-  if (options.redact) RedactPasswords(scripts.read);
-  console.TellScriptsWithoutStatements(scripts);
-  TellDiagnostics(scripts.read, console);
-
   OutputFile output{std::string(kStandardStream)};
   std::string text;
-  std::size_t done = 0;
-  for (auto const& statement : scripts.read.statements) {
-    text.append(statement.object->AsString()).append("\n/\n");
-    if (++done < scripts.read.statements.size() && text.size() < kRenderPiece) continue;
+  auto const write = [&] {
     interrupts.ThrowIfInterrupted();
     output.Write(text);
     text.clear();
-  }
-  return StatusOf(console.Counts(), scripts.read.unread, options.strict);
+  };
+  reader::ReadResult result;
+  ReadScripts(
+      LoadScripts(options.scripts, interrupts), options.defines, interrupts,
+      [&](reader::ReadPiece piece) {
+        if (options.redact) RedactPasswords(piece);
+        TellDiagnostics(piece, console);
+        for (auto const& statement : piece.statements) {
+          text.append(statement.object->AsString()).append("\n/\n");
+          if (text.size() >= kRenderPiece) write();
+        }
+      },
+      result);
+  write();
+  return StatusOf(console.Counts(), result.unread, options.strict);
 }
 
 }  // namespace repora::cli

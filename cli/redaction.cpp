@@ -27,8 +27,8 @@ void Redact(REPStatement& any, std::initializer_list<Password<Statement>> passwo
 
 }  // namespace
 
-void RedactPasswords(reader::ReadResult& script) {
-  for (auto& statement : script.statements) {
+void RedactPasswords(reader::ReadPiece& piece) {
+  for (auto& statement : piece.statements) {
     auto& object = *statement.object;
     Redact<REPCreateUser>(object, {{&REPCreateUser::GetPassword, &REPCreateUser::SetPassword}});
     Redact<REPCreateRole>(object, {{&REPCreateRole::GetPassword, &REPCreateRole::SetPassword}});

@@ -42,35 +42,54 @@ std::optional<reader::ReadOptions::Included> ReadIncluded(std::string const& nam
   return std::nullopt;
 }
 
-std::size_t CountFound(reader::ReadResult const& result) {
-  return result.statements.size() + result.unread + result.outside + result.diagnostics.size();
+std::size_t CountStatements(reader::ReadResult const& result) {
+  return result.read + result.unread + result.outside;
 }
 
 }  // namespace
 
-Scripts ReadScripts(std::vector<std::string> const& paths,
-                    std::map<std::string, std::string> defines, InterruptWatch const& interrupts) {
-  // All files first: a missing one is better known before a long read than after it.
-  std::vector<std::string> texts;
-  for (auto const& path : paths) {
-    texts.push_back(ReadFile(path, [&] { interrupts.ThrowIfInterrupted(); }));
-  }
+std::size_t Scripts::Size() const {
+  std::size_t size = 0;
+  for (auto const& text : texts) size += text.size();
+  return size;
+}
 
+Scripts LoadScripts(std::vector<std::string> const& paths, InterruptWatch const& interrupts) {
   Scripts scripts;
+  scripts.paths = paths;
+  for (auto const& path : paths)
+    scripts.texts.push_back(ReadFile(path, [&] { interrupts.ThrowIfInterrupted(); }));
+  return scripts;
+}
+
+void ReadScripts(Scripts scripts, std::map<std::string, std::string> defines,
+                 InterruptWatch const& interrupts,
+                 std::function<void(reader::ReadPiece)> const& hand_over,
+                 reader::ReadResult& result) {
+  bool anything = false;
   reader::ReadOptions options;
   options.defines = std::move(defines);
   options.stop = &interrupts.Flag();
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    options.include = [&, i](std::string const& name, std::string const& beside) {
-      return ReadIncluded(name, beside, paths[i], interrupts);
+  options.hand_over = [&](reader::ReadPiece piece) {
+    anything = anything || !piece.diagnostics.empty();
+    hand_over(std::move(piece));
+  };
+  for (std::size_t i = 0; i < scripts.paths.size(); ++i) {
+    auto const& path = scripts.paths[i];
+    options.include = [&](std::string const& name, std::string const& beside) {
+      return ReadIncluded(name, beside, path, interrupts);
     };
-    auto const before = CountFound(scripts.read);
-    reader::ReadScript(DisplayName(paths[i]), std::move(texts[i]), options, scripts.read);
+    auto const before = CountStatements(result);
+    auto const source = result.sources.size();
+    anything = false;
+    reader::ReadScript(DisplayName(path), std::move(scripts.texts[i]), options, result);
     interrupts.ThrowIfInterrupted();
-    if (CountFound(scripts.read) == before)
-      scripts.without_statements.push_back(DisplayName(paths[i]));
+    if (anything || CountStatements(result) != before) continue;
+    reader::ReadPiece piece;
+    piece.diagnostics.push_back({reader::DiagnosticKind::Note, result.sources[source].get(), 0, 0,
+                                 result.read, "no statements"});
+    hand_over(std::move(piece));
   }
-  return scripts;
 }
 
 }  // namespace repora::cli

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -11,16 +13,23 @@ namespace repora::cli {
 
 class InterruptWatch;
 
+// Scripts in memory.
 struct Scripts {
-  reader::ReadResult read;
-  // Names of scripts that hold no statement at all: no failure, but rarely what the user meant.
-  std::vector<std::string> without_statements;
+  std::vector<std::string> paths;  // as given; "-" is standard input
+  std::vector<std::string> texts;
+  std::size_t Size() const;  // in bytes
 };
 
+// All files before any of them is read: a missing one is better known before a long run than after
+// it. Throws FileError and Interrupted.
+Scripts LoadScripts(std::vector<std::string> const& paths, InterruptWatch const& interrupts);
+
 // Reads the scripts, in that order and as if they were one: what one of them defines holds for the
-// next ones. "-" is standard input. Throws FileError for a script that cannot be read (not for a
-// file that a script includes) and Interrupted.
-Scripts ReadScripts(std::vector<std::string> const& paths,
-                    std::map<std::string, std::string> defines, InterruptWatch const& interrupts);
+// next ones. Hands over what it reads, and a note for a script that holds nothing at all, which is
+// no failure but rarely what the user meant. Throws Interrupted.
+void ReadScripts(Scripts scripts, std::map<std::string, std::string> defines,
+                 InterruptWatch const& interrupts,
+                 std::function<void(reader::ReadPiece)> const& hand_over,
+                 reader::ReadResult& result);
 
 }  // namespace repora::cli

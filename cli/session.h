@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
+#include <functional>
 #include <memory>
-#include <vector>
 
 #include "export/run_outcome.h"
 #include "reader/script_reader.h"
@@ -21,27 +22,31 @@ class SessionObserver {
   virtual void OnProgress(char const* /*what*/, std::size_t /*done*/, std::size_t /*total*/) {}
 };
 
-// Tells all that the reader has to say, in the order of the text.
-void TellDiagnostics(reader::ReadResult const& script, SessionObserver& observer);
+// Tells what the reader has to say, in the order of the text.
+void TellDiagnostics(reader::ReadPiece const& piece, SessionObserver& observer);
+
+// Gives the next part of the scripts; false when there is none.
+using PieceFeed = std::function<bool(reader::ReadPiece&)>;
 
 struct ImportSettings {
   eREPLogical logical_case = eREPLogicalAsIs;
   eREPPhysical physical_case = eREPPhysicalAsIs;
   std::int32_t model_type = codes::kModelLogicalAndPhysical;  // codes::kModel...
   bool ignore_duplicate_views = false;
-  std::string summary_file;  // path; empty: none
+  std::string summary_file;      // path; empty: none
+  std::size_t script_bytes = 0;  // of all scripts, for the progress; 0: not known
 };
 
-// One import: runs the statements of a script against a new model and tells the observer what the
-// reader and the run have to say, merged in the order of the script.
-class ImportSession final : private REPNotifyWnd {
+// One import: runs the statements of scripts against a new model and tells the observer what the
+// reader and the run have to say, merged in the order of the scripts.
+class ImportSession final : private REPNotifyWnd, private REPStatementSource {
  public:
-  // Takes the statements from the script; the script and the observer are borrowed.
-  ImportSession(ImportSettings const& settings, reader::ReadResult& script,
-                SessionObserver& observer);
+  // The observer is borrowed.
+  ImportSession(ImportSettings const& settings, SessionObserver& observer);
 
-  // False when it was stopped: the model is then as it was before. Once.
-  bool Run();
+  // Runs what the feed gives; what it throws goes through. False when it was stopped: the model is
+  // then as it was before. Once.
+  bool Run(PieceFeed feed);
   // Ends the run before its next statement. From any thread.
   void Stop() { processor_->Stop(); }
 
@@ -50,21 +55,28 @@ class ImportSession final : private REPNotifyWnd {
   exporter::StatementCounts const& Statements() const { return counts_; }
 
  private:
+  REPStatement* Next() override;
+  bool NextPiece();
   void OnNotify(REPNotification const& notification) override;
-  void Tell(exporter::MessageKind kind, REPNotification const& notification, std::size_t statement);
-  void TellDiagnosticsUpTo(std::size_t place);
+  void Tell(exporter::MessageKind kind, REPNotification const& notification);
+  void TellDiagnosticsBefore(std::size_t statement);
   void TellAdvisories();
 
-  reader::ReadResult& script_;
   SessionObserver& observer_;
   MemoryModelSet model_;
   std::unique_ptr<REPProcessor> processor_;
   exporter::LoadedObjects loaded_;
   exporter::StatementCounts counts_;
-  std::size_t done_ = 0;         // statements
   std::size_t build_total_ = 0;  // items
-  std::vector<std::size_t> diagnostic_places_;
-  std::size_t next_diagnostic_ = 0;
+
+  PieceFeed feed_;
+  reader::ReadPiece piece_;
+  std::size_t next_statement_ = 0;   // in the piece
+  std::size_t next_diagnostic_ = 0;  // in the piece
+  bool running_ = false;             // a statement: the one before next_statement_
+  std::exception_ptr failure_;       // of the feed
+  std::size_t done_bytes_ = 0;       // of the scripts
+  std::size_t total_bytes_ = 0;
 };
 
 }  // namespace repora::cli

@@ -30,7 +30,7 @@ int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   auto script = Read(std::string(reinterpret_cast<char const*>(data), size));
   std::string rendered;
   for (auto const& diagnostic : script.diagnostics)
-    script.sources[diagnostic.source]->PositionOf(diagnostic.offset);
+    diagnostic.source->PositionOf(diagnostic.offset);
   for (auto const& statement : script.statements)
     rendered += statement.object->AsString() + "\n/\n";
   Read(std::move(rendered));

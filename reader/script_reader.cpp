@@ -16,12 +16,15 @@ namespace repora::reader {
 namespace {
 
 constexpr std::size_t kDeepestInclude = 20;
+// Statements and diagnostics together that are worth handing over. Few enough to stay in the cache
+// until they are processed.
+constexpr std::size_t kPiece = 100;
 
 // A text to read and where it comes from: a script, or a piece of one whose variables were
 // replaced.
 struct Place {
   std::string_view text;
-  std::size_t source = 0;
+  Source* source = nullptr;
   ExpandedText const* expanded = nullptr;
 
   std::size_t OriginOf(std::size_t offset) const {
@@ -56,13 +59,17 @@ bool HoldsPassword(Section const& section, std::string_view text) {
                      [](char a, char b) { return UpperAscii(a) == b; }) != part.end();
 }
 
+bool IsRestOfLineBlank(std::string_view text, std::size_t offset) {
+  while (offset < text.size() && IsBlank(text[offset])) ++offset;
+  return offset >= text.size() || IsLineEnd(text[offset]);
+}
+
 class ScriptReader {
  public:
   ScriptReader(ReadOptions& options, ReadResult& result) : options_(options), result_(result) {}
 
   void ReadSource(std::string name, std::string text);
-  // Completes the notes that count.
-  void Finish();
+  void HandOver();
 
  private:
   void ReadSections(Place const& place);
@@ -71,14 +78,13 @@ class ScriptReader {
   bool ReadModelStatement(Place const& place, Section const& section,
                           std::vector<Token> const& tokens);
   void FailUnknown(Section const& section, std::vector<Token> const& tokens, std::string_view text);
-  void CountOutside(Place const& place, Section const& section);
+  void NoteOutside(Place const& place, Section const& section);
   void RunCommand(Place const& place, Section const& section);
   void Include(Place const& place, Section const& section, std::vector<std::string> const& words);
   void SetOptions(std::vector<std::string> const& words);
   void NoteUndefined(Place const& place, Section const& section);
   void Hide(Place const& place, Section const& section) {
-    result_.sources[place.source]->Hide(place.OriginOf(section.start),
-                                        place.OriginOf(section.stop));
+    place.source->Hide(place.OriginOf(section.start), place.OriginOf(section.stop));
   }
   bool HasVariables(Place const& place, Section const& section) const {
     return prefix_ != '\0' &&
@@ -88,38 +94,38 @@ class ScriptReader {
   bool IsStopped() const { return left_ || (options_.stop && *options_.stop); }
 
   void Report(DiagnosticKind kind, Place const& place, std::size_t offset, std::string text) {
-    pending_.push_back({kind, place.source, place.OriginOf(offset), 0, std::move(text)});
+    pending_.push_back({kind, place.source, place.OriginOf(offset), 0, 0, std::move(text)});
   }
-  void ReportUnread(Place const& place, std::size_t offset, std::string text) {
+  // A text that is no script counts as one statement.
+  void RefuseText(Place const& place, std::size_t offset, std::string text) {
     Report(DiagnosticKind::Syntax, place, offset, std::move(text));
+    Flush(0);
     ++result_.unread;
+    result_.traces.push_back({Reading::Unread, {}, place.source, place.OriginOf(offset), 0, 0});
   }
   void Flush(std::size_t statement);
 
-  struct OutsideCount {
-    StatementKind const* kind;
-    std::size_t group;  // the first with that name
-    std::size_t diagnostic;
-    std::size_t count;
-  };
-
   ReadOptions& options_;
   ReadResult& result_;
-  std::vector<std::size_t> sources_;  // the script and the files being included, outermost first
-  std::vector<Diagnostic> pending_;   // of the statement being read
-  std::vector<OutsideCount> outside_;
-  std::set<std::string> undefined_;  // variables noted already
-  char prefix_ = '&';                // of variables; NUL: they are not replaced
-  bool recognized_ = false;          // the source holds a statement
-  bool left_ = false;                // the source is not read any further
+  std::vector<Source*> sources_;     // the script and the files being included, outermost first
+  std::size_t done_ = 0;             // bytes of the script
+  std::size_t handed_over_ = 0;      // of them
+  std::vector<Diagnostic> pending_;  // of the statement being read
+  std::set<StatementKind const*> outside_;  // kinds met already
+  std::set<std::string> outside_names_;     // and their names, which several may share
+  std::set<std::string> undefined_;         // variables noted already
+  char prefix_ = '&';                       // of variables; NUL: they are not replaced
+  bool recognized_ = false;                 // the source holds a statement
+  bool left_ = false;                       // the source is not read any further
 };
 
 void ScriptReader::ReadSource(std::string name, std::string text) {
-  auto const index = result_.sources.size();
-  result_.sources.push_back(std::make_unique<Source>(std::move(name), std::move(text)));
-  sources_.push_back(index);
+  result_.sources.push_back(
+      std::make_unique<Source>(std::move(name), std::move(text), result_.scripts));
+  auto* const source = result_.sources.back().get();
+  sources_.push_back(source);
   auto const recognized = std::exchange(recognized_, false);
-  ReadSections({result_.sources.back()->Text(), index, nullptr});
+  ReadSections({source->Text(), source, nullptr});
   recognized_ = recognized;
   left_ = false;
   sources_.pop_back();
@@ -127,14 +133,19 @@ void ScriptReader::ReadSource(std::string name, std::string text) {
 
 void ScriptReader::ReadSections(Place const& place) {
   if (place.text.size() > kTextLimit) {
-    ReportUnread(place, 0, "scripts of 4 GB and more are not read");
-    Flush(0);
+    RefuseText(place, 0, "scripts of 4 GB and more are not read");
     return;
   }
   Splitter splitter(place.text);
+  std::size_t done = 0;
   while (!IsStopped()) {
+    if (result_.traces.size() + result_.diagnostics.size() >= kPiece && !place.expanded &&
+        IsRestOfLineBlank(place.text, done))
+      HandOver();
     auto const section = splitter.Next();
     if (section.kind == Section::Kind::End) break;
+    done = section.stop;
+    if (sources_.size() == 1 && !place.expanded) done_ = done;
     if (section.kind == Section::Kind::Command) {
       RunCommand(place, section);
       continue;
@@ -158,8 +169,7 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
   if (!kind && !recognized_) {
     auto const nul = place.text.substr(0, section.stop).find('\0', section.start);
     if (nul != std::string_view::npos) {
-      ReportUnread(place, nul, "not a script: it holds NUL bytes, as binary files and UTF-16 do");
-      Flush(0);
+      RefuseText(place, nul, "not a script: it holds NUL bytes, as binary files and UTF-16 do");
       left_ = true;
       return;
     }
@@ -167,23 +177,31 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
   if (kind) recognized_ = true;
   bool const holds_password = HoldsPassword(section, place.text);
   if (holds_password) Hide(place, section);
-  std::size_t statement = 0;
+  StatementTrace trace;
+  if (kind) trace.kind = kind->Name();
+  trace.source = place.source;
+  trace.offset = place.OriginOf(section.start);
+  trace.words = section.words;
   try {
     if (section.fault.kind == TokenKind::Fault)
       throw SyntaxError(section.fault.offset, FaultText(section.fault, place.text));
     if (!kind) {
       FailUnknown(section, tokens, place.text);
     } else if (!kind->parse) {
-      CountOutside(place, section);
+      NoteOutside(place, section);
+      trace.reading = Reading::Outside;
     } else if (ReadModelStatement(place, section, tokens)) {
-      statement = result_.statements.size();
-    } else {
-      ++result_.unread;
+      trace.reading = Reading::Read;
+      trace.statement = result_.read;
     }
   } catch (SyntaxError const& error) {
-    ReportUnread(place, error.Offset(), holds_password ? error.TextWithoutQuote() : error.Text());
+    Report(DiagnosticKind::Syntax, place, error.Offset(),
+           holds_password ? error.TextWithoutQuote() : error.Text());
   }
-  Flush(statement);
+  Flush(trace.statement);
+  if (trace.reading == Reading::Unread) ++result_.unread;
+  if (trace.reading == Reading::Outside) ++result_.outside;
+  result_.traces.push_back(trace);
 }
 
 bool ScriptReader::ReadModelStatement(Place const& place, Section const& section,
@@ -198,6 +216,7 @@ bool ScriptReader::ReadModelStatement(Place const& place, Section const& section
     Report(DiagnosticKind::Note, place, section.start, "the end of the unit is missing");
   if (!object) return false;
   result_.statements.push_back({std::move(object), place.source, place.OriginOf(section.start)});
+  ++result_.read;
   return true;
 }
 
@@ -210,35 +229,12 @@ void ScriptReader::FailUnknown(Section const& section, std::vector<Token> const&
   in.Fail("the kind of an object");
 }
 
-void ScriptReader::CountOutside(Place const& place, Section const& section) {
-  ++result_.outside;
-  auto const* const kind = section.statement;
-  auto known = std::find_if(outside_.begin(), outside_.end(),
-                            [&](OutsideCount const& one) { return one.kind == kind; });
-  if (known == outside_.end()) {
-    auto const named = std::find_if(outside_.begin(), outside_.end(), [&](OutsideCount const& one) {
-      return one.kind->Name() == kind->Name();
-    });
-    auto const group = static_cast<std::size_t>(named - outside_.begin());
-    bool const is_new = named == outside_.end();
-    outside_.push_back({kind, group, result_.diagnostics.size(), 0});
-    known = std::prev(outside_.end());
-    // The first note of the statement; its text follows when all statements are counted.
-    if (is_new)
-      pending_.insert(pending_.begin(), {DiagnosticKind::Note, place.source,
-                                         place.OriginOf(section.start), 0, std::string()});
-  }
-  ++outside_[known->group].count;
-}
-
-void ScriptReader::Finish() {
-  for (std::size_t i = 0; i < outside_.size(); ++i) {
-    auto const& one = outside_[i];
-    if (one.group != i) continue;
-    result_.diagnostics[one.diagnostic].text =
-        one.kind->Name() + " is outside the data model; " + std::to_string(one.count) +
-        (one.count == 1 ? " statement left out" : " statements left out");
-  }
+void ScriptReader::NoteOutside(Place const& place, Section const& section) {
+  if (!outside_.insert(section.statement).second) return;
+  auto name = section.statement->Name();
+  if (!outside_names_.insert(name).second) return;
+  Report(DiagnosticKind::Note, place, section.start,
+         std::move(name) + " is outside the data model; such statements are left out");
 }
 
 void ScriptReader::RunCommand(Place const& place, Section const& section) {
@@ -291,12 +287,10 @@ void ScriptReader::Include(Place const& place, Section const& section,
   if (sources_.size() > kDeepestInclude)
     return leave_out("files include files more than 20 levels deep");
   bool const beside = section.command == CommandKind::IncludeBeside;
-  auto included =
-      options_.include(name, beside ? result_.sources[place.source]->Name() : std::string());
+  auto included = options_.include(name, beside ? place.source->Name() : std::string());
   if (!included) return leave_out("the file cannot be read");
-  if (std::any_of(sources_.begin(), sources_.end(), [&](std::size_t source) {
-        return result_.sources[source]->Name() == included->name;
-      }))
+  if (std::any_of(sources_.begin(), sources_.end(),
+                  [&](Source const* source) { return source->Name() == included->name; }))
     return leave_out("the file includes itself");
   for (std::size_t i = 1; i < words.size(); ++i) options_.defines[std::to_string(i)] = words[i];
   ReadSource(std::move(included->name), std::move(included->text));
@@ -327,13 +321,21 @@ void ScriptReader::NoteUndefined(Place const& place, Section const& section) {
 // Hands over what was found in a statement, in the order of the text. The number is that of the
 // statement if it was read, else 0.
 void ScriptReader::Flush(std::size_t statement) {
+  if (pending_.empty()) return;
   std::stable_sort(pending_.begin(), pending_.end(),
                    [](Diagnostic const& a, Diagnostic const& b) { return a.offset < b.offset; });
   for (auto& diagnostic : pending_) {
     diagnostic.statement = statement;
+    diagnostic.before = result_.read - (statement != 0 ? 1 : 0);
     result_.diagnostics.push_back(std::move(diagnostic));
   }
   pending_.clear();
+}
+
+void ScriptReader::HandOver() {
+  if (!options_.hand_over) return;
+  result_.bytes = done_ - std::exchange(handed_over_, done_);
+  options_.hand_over(std::exchange(static_cast<ReadPiece&>(result_), ReadPiece()));
 }
 
 }  // namespace
@@ -341,7 +343,8 @@ void ScriptReader::Flush(std::size_t statement) {
 void ReadScript(std::string name, std::string text, ReadOptions& options, ReadResult& result) {
   ScriptReader reader(options, result);
   reader.ReadSource(std::move(name), std::move(text));
-  reader.Finish();
+  reader.HandOver();
+  ++result.scripts;
 }
 
 }  // namespace repora::reader

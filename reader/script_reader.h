@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,11 +25,14 @@ struct Position {
 };
 
 // The text of one script under the name that messages give it, without the byte order mark of a
-// UTF-8 text. Positions are worked out when they are asked for, and not by two threads at a time.
+// UTF-8 text. Positions are worked out when they are asked for, and not by two threads at a time;
+// parts may be hidden by another thread.
 class Source {
  public:
-  Source(std::string name, std::string text);
+  Source(std::string name, std::string text, std::size_t script = 0);
   std::string const& Name() const { return name_; }
+  // Which of the scripts read it is or is included by, counted from 0.
+  std::size_t Script() const { return script_; }
   std::string_view Text() const { return text_; }
   Position PositionOf(std::size_t offset) const;
   // The line that holds the offset, without its line end, which is looked for.
@@ -36,7 +40,7 @@ class Source {
 
   // Marks a part of the text that nobody is to show, because it may hold a password. The parts come
   // in the order of the text.
-  void Hide(std::size_t begin, std::size_t end) { hidden_.push_back({begin, end}); }
+  void Hide(std::size_t begin, std::size_t end);
   // Whether any of it is hidden.
   bool IsHidden(std::size_t begin, std::size_t end) const;
 
@@ -46,11 +50,13 @@ class Source {
 
   std::string name_;
   std::string text_;
+  std::size_t script_;
   struct Part {
     std::size_t begin;
     std::size_t end;
   };
-  std::vector<Part> hidden_;
+  std::vector<Part> hidden_;  // guarded by lock_
+  mutable std::mutex lock_;
   mutable std::vector<std::size_t> lines_;  // where they start; empty until somebody asks
   mutable std::size_t line_ = 1;
   // The place asked for last.
@@ -65,24 +71,49 @@ enum class DiagnosticKind {
 
 struct Diagnostic {
   DiagnosticKind kind = DiagnosticKind::Syntax;
-  std::size_t source = 0;     // index into ReadResult::sources
+  Source const* source = nullptr;
   std::size_t offset = 0;     // in that source
   std::size_t statement = 0;  // number of the read statement it belongs to, from 1; 0: none
+  std::size_t before = 0;     // statements read in front of it
   std::string text;
 };
 
 struct ReadStatement {
   std::unique_ptr<REPStatement> object;
-  std::size_t source = 0;
+  Source const* source = nullptr;
   std::size_t offset = 0;  // of the statement's first word
 };
 
-struct ReadResult {
-  std::vector<std::unique_ptr<Source>> sources;  // the scripts and the files they include
+enum class Reading : std::uint8_t {
+  Read,
+  Unread,   // with a syntax error, or skipped with notes
+  Outside,  // without a place in a data model
+};
+
+// What became of one statement of the text.
+struct StatementTrace {
+  Reading reading = Reading::Unread;
+  std::string_view kind;  // its first words, as "CREATE TABLE"; empty: starts as no statement does
+  Source const* source = nullptr;
+  std::size_t offset = 0;     // of its first word
+  std::size_t statement = 0;  // number, if it was read
+  std::size_t words = 0;      // the tokens it is made of
+};
+
+// A part of what was read, in the order of the text.
+struct ReadPiece {
   std::vector<ReadStatement> statements;
-  std::vector<Diagnostic> diagnostics;  // in the order of the text
-  std::size_t unread = 0;               // statements with a syntax error, or skipped with notes
-  std::size_t outside = 0;              // statements that have no place in a data model
+  std::vector<Diagnostic> diagnostics;
+  std::vector<StatementTrace> traces;  // of every statement
+  std::size_t bytes = 0;               // of the script itself, not of the files it includes
+};
+
+struct ReadResult : ReadPiece {
+  std::vector<std::unique_ptr<Source>> sources;  // the scripts and the files they include
+  std::size_t scripts = 0;
+  std::size_t read = 0;  // statements, also those that were handed over
+  std::size_t unread = 0;
+  std::size_t outside = 0;
 };
 
 struct ReadOptions {
@@ -95,6 +126,11 @@ struct ReadOptions {
   };
   std::function<std::optional<Included>(std::string const& name, std::string const& beside)>
       include;
+  // Takes over what was read of a script each time it is worth the call, and its last part, so that
+  // a script of any length can be worked on while it is read. What it is given stays valid as long
+  // as the result. No line that holds a statement or diagnostic handed over has parts still unread,
+  // so all that is to be hidden of it is. Null: everything gathers in the result.
+  std::function<void(ReadPiece)> hand_over;
   std::atomic<bool> const* stop = nullptr;  // when it turns true, reading ends after a statement
 };
 

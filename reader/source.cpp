@@ -32,8 +32,8 @@ std::size_t CharacterSize(std::string_view text, std::size_t offset) {
 
 }  // namespace
 
-Source::Source(std::string name, std::string text)
-    : name_(std::move(name)), text_(std::move(text)) {
+Source::Source(std::string name, std::string text, std::size_t script)
+    : name_(std::move(name)), text_(std::move(text)), script_(script) {
   if (text_.starts_with(kByteOrderMark)) text_.erase(0, kByteOrderMark.size());
 }
 
@@ -73,7 +73,13 @@ std::string_view Source::LineAt(std::size_t offset) const {
   return std::string_view(text_).substr(start, LineEnd(text_, start) - start);
 }
 
+void Source::Hide(std::size_t begin, std::size_t end) {
+  std::lock_guard const guard(lock_);
+  hidden_.push_back({begin, end});
+}
+
 bool Source::IsHidden(std::size_t begin, std::size_t end) const {
+  std::lock_guard const guard(lock_);
   auto const part = std::partition_point(hidden_.begin(), hidden_.end(),
                                          [&](Part const& one) { return one.end <= begin; });
   return part != hidden_.end() && part->begin < end;

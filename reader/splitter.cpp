@@ -92,6 +92,7 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
       }
       break;
     }
+    ++section.words;
     if (keep_all || tokens_.size() < kTokensOfName) tokens_.push_back(token);
     section.has_password = section.has_password || token.word == K_IDENTIFIED;
     last_end = token.end();

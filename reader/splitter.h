@@ -19,6 +19,7 @@ struct Section {
   std::size_t stop = 0;   // behind the ";" or "/" that ends it
   CommandKind command = CommandKind::None;
   StatementKind const* statement = nullptr;  // null: starts as no statement does
+  std::size_t words = 0;                     // tokens of the statement
   std::size_t tokens_of_kind = 0;            // see KindFinder::TokensOfKind
   bool has_password = false;                 // it holds the word IDENTIFIED
   bool unclosed = false;  // a unit of code that is kept, but whose end was not found

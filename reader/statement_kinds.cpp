@@ -1,6 +1,7 @@
 #include "reader/statement_kinds.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace repora::reader {
 namespace {
@@ -198,9 +199,7 @@ bool IsModifier(Word word) {
 
 constexpr std::size_t kMostModifiers = 12;
 
-}  // namespace
-
-std::string StatementKind::Name() const {
+std::string MakeName(Words const& words) {
   if (words[0] == K_BEGIN || words[0] == K_DECLARE) return "PL/SQL block";
   if (words[0] == K_WITH) return "SELECT";
   std::string name;
@@ -210,6 +209,17 @@ std::string StatementKind::Name() const {
     name += TextOf(word);
   }
   return name;
+}
+
+}  // namespace
+
+std::string const& StatementKind::Name() const {
+  static auto const names = [] {
+    std::array<std::string, std::size(kKinds)> made;
+    for (std::size_t i = 0; i < made.size(); ++i) made[i] = MakeName(kKinds[i].words);
+    return made;
+  }();
+  return names[static_cast<std::size_t>(this - kKinds)];
 }
 
 bool KindFinder::Take(Token const& token) {

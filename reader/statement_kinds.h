@@ -22,8 +22,8 @@ struct StatementKind {
   Extent extent = Extent::Sql;
   ParseFunction parse = nullptr;  // null: outside the data model
 
-  // "CREATE MATERIALIZED VIEW"
-  std::string Name() const;
+  // "CREATE MATERIALIZED VIEW"; lives as long as the program.
+  std::string const& Name() const;
 };
 
 // Finds the kind of a statement from its first tokens, handed in one by one.

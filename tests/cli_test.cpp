@@ -385,9 +385,9 @@ TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
       "\x7f"
       "ELF\x02\x01\x01\0\0\0\xff\xfe; garbage"s;  // with its NUL bytes
   for (auto const& [what, text, status, message, object] : std::vector<Input>{
-           {"empty", "", 0, "s.sql: no statements\n", ""},
-           {"only comments", "-- nothing\n/* here */\n", 0, "s.sql: no statements\n", ""},
-           {"only commands", "SET ECHO OFF\nPROMPT hello\n", 0, "s.sql: no statements\n", ""},
+           {"empty", "", 0, "s.sql:1:1: note: no statements\n", ""},
+           {"only comments", "-- nothing\n/* here */\n", 0, "s.sql:1:1: note: no statements\n", ""},
+           {"only commands", "SET ECHO OFF\nPROMPT hello\n", 0, "s.sql:1:1: note: no statements\n", ""},
            {"binary", binary, 1, "s.sql:1:", ""},
            {"CRLF", "CREATE SEQUENCE A;\r\nCREATE SEQUENCE A\r\n/\r\n", 0, "s.sql:2:1: duplicate",
             "Sequence  1\n"},

@@ -393,9 +393,12 @@ std::unique_ptr<GoldenOutcome> RunGolden(GoldenCase const& golden) {
   for (auto const& statement : outcome->read.statements)
     outcome->rendered.push_back(statement.object->AsString());
   Recorder recorder(outcome->messages);
-  outcome->session =
-      std::make_unique<cli::ImportSession>(SettingsOf(golden), outcome->read, recorder);
-  EXPECT_TRUE(outcome->session->Run());
+  outcome->session = std::make_unique<cli::ImportSession>(SettingsOf(golden), recorder);
+  bool more = true;
+  EXPECT_TRUE(outcome->session->Run([&](reader::ReadPiece& piece) {
+    piece = std::move(outcome->read);
+    return std::exchange(more, false);
+  }));
   return outcome;
 }
 

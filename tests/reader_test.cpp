@@ -25,10 +25,10 @@ ReadResult Read(std::string const& text, ReadOptions options = {}) {
   return result;
 }
 
-std::string PlaceOf(ReadResult const& result, std::size_t source, std::size_t offset) {
-  auto const position = result.sources[source]->PositionOf(offset);
-  return (source == 0 ? "" : result.sources[source]->Name() + ":") + std::to_string(position.line) +
-         ":" + std::to_string(position.column);
+std::string PlaceOf(ReadResult const& result, Source const* source, std::size_t offset) {
+  auto const position = source->PositionOf(offset);
+  return (source == result.sources[0].get() ? "" : source->Name() + ":") +
+         std::to_string(position.line) + ":" + std::to_string(position.column);
 }
 
 // "line:column text" of the statements read, one a line.
@@ -241,9 +241,9 @@ TEST(Splitter, PassesOverCommands) {
   Check({
       {"SET that is a statement",
        "SET ROLE x; set transaction read only; SET CONSTRAINTS ALL\nDEFERRED;", "",
-       "1:1 note SET ROLE is outside the data model; 1 statement left out\n"
-       "1:13 note SET TRANSACTION is outside the data model; 1 statement left out\n"
-       "1:40 note SET CONSTRAINTS is outside the data model; 1 statement left out\n"},
+       "1:1 note SET ROLE is outside the data model; such statements are left out\n"
+       "1:13 note SET TRANSACTION is outside the data model; such statements are left out\n"
+       "1:40 note SET CONSTRAINTS is outside the data model; such statements are left out\n"},
       {"words of commands within a statement",
        "create table start1 (\nset number,\nprompt date,\nexit date)\ntablespace\nspool;",
        "1:1 CREATE TABLE start1( set NUMBER, prompt DATE, exit DATE) TABLESPACE spool;\n", ""},
@@ -335,11 +335,11 @@ TEST(ScriptReader, CountsWhatIsOutsideTheModel) {
       "declare a date; begin null; end;\n/\ncreate table if not exists t (a number);\n"
       "alter session set x = 1; (select 1 from dual);alter view v read only;");
   EXPECT_EQ(Messages(result),
-            "1:1 note INSERT is outside the data model; 2 statements left out\n"
-            "3:1 note PL/SQL block is outside the data model; 2 statements left out\n"
+            "1:1 note INSERT is outside the data model; such statements are left out\n"
+            "3:1 note PL/SQL block is outside the data model; such statements are left out\n"
             "7:14 note #1 IF NOT EXISTS is skipped\n"
-            "8:1 note ALTER SESSION is outside the data model; 1 statement left out\n"
-            "8:26 note SELECT is outside the data model; 1 statement left out\n"
+            "8:1 note ALTER SESSION is outside the data model; such statements are left out\n"
+            "8:26 note SELECT is outside the data model; such statements are left out\n"
             "8:60 note ALTER VIEW READ is skipped\n");
   EXPECT_EQ(result.statements.size(), 1U);
   EXPECT_EQ(result.unread, 1U);
@@ -395,7 +395,7 @@ TEST(ScriptReader, GivesBinaryInputOneMessage) {
        "create table t (a number default 'x\0y'); create sequence a;"s, "1:42 CREATE SEQUENCE a;\n",
        "1:36 syntax byte 0x00 cannot stand in a statement\n"},
       {"one in what is left out", "insert into t values ('\0' || \0);"s, "",
-       "1:1 note INSERT is outside the data model; 1 statement left out\n"},
+       "1:1 note INSERT is outside the data model; such statements are left out\n"},
       {"prose", "Dear all; see you", "",
        "1:1 syntax expected a statement, found 'Dear'\n1:11 syntax expected a statement, found "
        "'see'\n"},
@@ -591,7 +591,7 @@ TEST(Variables, AreReplacedAndPositionsStayThoseOfTheScript) {
   EXPECT_EQ(Messages(result),
             "3:52 syntax expected a number, found 'x'\n"
             "5:36 note #2 variable X has no value; it stays as it is written\n"
-            "5:40 note INSERT is outside the data model; 1 statement left out\n"
+            "5:40 note INSERT is outside the data model; such statements are left out\n"
             "7:17 note #3 variable TAB has no value; it stays as it is written\n"
             "14:1 syntax expected an option of the sequence, found 'r'\n");
 }
@@ -602,7 +602,8 @@ TEST(Variables, OfOneScriptHoldForTheNext) {
   ReadScript("a", "define s = x", options, result);
   ReadScript("b", "create sequence &s;", options, result);
   ASSERT_EQ(result.statements.size(), 1U);
-  EXPECT_EQ(result.statements[0].source, 1U);
+  EXPECT_EQ(result.statements[0].source->Name(), "b");
+  EXPECT_EQ(result.statements[0].source->Script(), 1U);
   EXPECT_EQ(result.statements[0].object->AsString(), "CREATE SEQUENCE x;");
 }
 

@@ -1,0 +1,57 @@
+#include "cli/read_ahead.h"
+
+#include <utility>
+
+namespace repora::cli {
+namespace {
+
+// As many as keep the slower side from waiting, and few enough to stay in the cache.
+constexpr std::size_t kMostPieces = 8;
+
+}  // namespace
+
+ReadAhead::ReadAhead(std::function<void(HandOver const&)> work)
+    : worker_([this, work = std::move(work)] {
+        std::exception_ptr error;
+        try {
+          work([this](reader::ReadPiece piece) { Put(std::move(piece)); });
+        } catch (...) {
+          error = std::current_exception();
+        }
+        std::lock_guard const guard(lock_);
+        error_ = error;
+        done_ = true;
+        changed_.notify_all();
+      }) {}
+
+ReadAhead::~ReadAhead() {
+  {
+    std::lock_guard const guard(lock_);
+    abandoned_ = true;
+    changed_.notify_all();
+  }
+  worker_.join();
+}
+
+void ReadAhead::Put(reader::ReadPiece piece) {
+  std::unique_lock guard(lock_);
+  changed_.wait(guard, [this] { return pieces_.size() < kMostPieces || abandoned_; });
+  if (abandoned_) return;
+  pieces_.push_back(std::move(piece));
+  changed_.notify_all();
+}
+
+bool ReadAhead::Next(reader::ReadPiece& piece) {
+  std::unique_lock guard(lock_);
+  changed_.wait(guard, [this] { return !pieces_.empty() || done_; });
+  if (pieces_.empty()) {
+    if (error_) std::rethrow_exception(error_);
+    return false;
+  }
+  piece = std::move(pieces_.front());
+  pieces_.pop_front();
+  changed_.notify_all();
+  return true;
+}
+
+}  // namespace repora::cli
