@@ -112,6 +112,7 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
   auto scripts = LoadScripts(options.scripts, interrupts);
   auto settings = options.settings;
   settings.script_bytes = scripts.Size();
+  auto const names = scripts.Names();
   if (summary_path) settings.summary_file = summary_path->Path();
   reader::ReadResult result;
   ReadAhead reading([&](ReadAhead::HandOver const& hand_over) {
@@ -123,13 +124,16 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
     return true;
   };
   ImportSession session(settings, console);
+  auto& ledger = session.Ledger();
+  ledger.SetScripts(names);
+  if (json) ledger.KeepDetails();
   RunUntilInterrupted(session, feed, interrupts);
   console.HideProgress();
 
   if (summary_path) summary_path->Finish();
   if (json)
     exporter::WriteJson(session.Statements(), console.Messages(), session.Model(), session.Loaded(),
-                        [&](std::string_view piece) {
+                        ledger, [&](std::string_view piece) {
                           interrupts.ThrowIfInterrupted();
                           json->Write(piece);
                           return true;
@@ -137,18 +141,19 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
   if (json) json->Commit();
   if (summary) summary->Commit();
 
-  if (!options.quiet) {
-    bool const output_is_data =
-        options.json == kStandardStream || options.summary == kStandardStream;
-    auto* const stream = output_is_data ? stderr : stdout;
-    auto const report =
-        exporter::ReportText(session.Statements(), console.Counts(), session.Model(),
-                             session.Loaded(), UsesColor(options.color, stream));
-    if (output_is_data)
-      std::fwrite(report.data(), 1, report.size(), stderr);
-    else
-      OutputFile(std::string(kStandardStream)).Write(report);
-  }
+  bool const output_is_data = options.json == kStandardStream || options.summary == kStandardStream;
+  auto* const stream = output_is_data ? stderr : stdout;
+  bool const bold = UsesColor(options.color, stream);
+  std::string report;
+  if (options.ledger) report += exporter::LedgerText(ledger, bold);
+  if (!options.quiet)
+    report +=
+        exporter::ReportText(ledger, console.Counts(), session.Model(), session.Loaded(), bold);
+  if (output_is_data)
+    std::fwrite(report.data(), 1, report.size(), stderr);
+  else
+    OutputFile(std::string(kStandardStream)).Write(report);
+  if (options.strict && ledger.Total().clauses.Of(exporter::Fate::Left) > 0) return kExitIncomplete;
   return StatusOf(console.Counts(), result.unread, options.strict);
 }
 

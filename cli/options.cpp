@@ -89,6 +89,9 @@ void AddImport(CLI::App& program, Options& options) {
             "How physical names are made");
   AddChoice(app, "--model-type", options.settings.model_type, kModelTypes,
             "Names the model holds (both, if not given)");
+  app.add_flag("--ledger", options.ledger,
+               "Print what became of the clauses: held by the model, kept as text, rendered only "
+               "or left");
   app.add_flag("--quiet", options.quiet, "Do not print the closing report");
   app.callback([&options] { options.command = Command::Import; });
 }

@@ -19,6 +19,7 @@ struct Options {
   ImportSettings settings;
   std::string json;     // path or "-"; empty: none
   std::string summary;  // path; empty: none
+  bool ledger = false;  // print it
   bool strict = false;
   bool redact = false;  // passwords
   bool quiet = false;

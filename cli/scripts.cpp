@@ -54,6 +54,12 @@ std::size_t Scripts::Size() const {
   return size;
 }
 
+std::vector<std::string> Scripts::Names() const {
+  std::vector<std::string> names;
+  for (auto const& path : paths) names.push_back(DisplayName(path));
+  return names;
+}
+
 Scripts LoadScripts(std::vector<std::string> const& paths, InterruptWatch const& interrupts) {
   Scripts scripts;
   scripts.paths = paths;

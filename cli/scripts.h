@@ -17,7 +17,8 @@ class InterruptWatch;
 struct Scripts {
   std::vector<std::string> paths;  // as given; "-" is standard input
   std::vector<std::string> texts;
-  std::size_t Size() const;  // in bytes
+  std::size_t Size() const;                // in bytes
+  std::vector<std::string> Names() const;  // as messages give them
 };
 
 // All files before any of them is read: a missing one is better known before a long run than after

@@ -15,6 +15,8 @@ using exporter::MessageKind;
 // The code of the run's own report of a failed statement.
 constexpr std::string_view kFailureCode = "--------->";
 
+constexpr std::string_view kOk = "ok";
+
 constexpr std::size_t kEndOfPiece = std::numeric_limits<std::size_t>::max();
 
 MemoryModelOptions OptionsOf(ImportSettings const& settings) {
@@ -30,6 +32,16 @@ Message MessageAt(reader::Source const& source, std::size_t offset) {
   message.line = position.line;
   message.column = position.column;
   return message;
+}
+
+constexpr exporter::Fate FateOf(reader::Fate fate) {
+  switch (fate) {
+    case reader::Fate::Held: return exporter::Fate::Held;
+    case reader::Fate::Text: return exporter::Fate::Text;
+    case reader::Fate::Rendered: return exporter::Fate::Rendered;
+    case reader::Fate::Left: break;
+  }
+  return exporter::Fate::Left;
 }
 
 void Tell(reader::Diagnostic const& diagnostic, SessionObserver& observer) {
@@ -72,10 +84,14 @@ bool ImportSession::Run(PieceFeed feed) {
 
 // The next statement, once all that the reader has to say in front of it is told.
 REPStatement* ImportSession::Next() {
+  if (running_) AccountFor(counts_.read);
   running_ = false;
   while (next_statement_ == piece_.statements.size())
     if (!NextPiece()) return nullptr;
   running_ = true;
+  result_ = kOk;
+  keeps_sql_ = false;
+  left_behind_.clear();
   ++counts_.read;
   TellDiagnosticsBefore(counts_.read);
   return piece_.statements[next_statement_++].object.release();
@@ -83,10 +99,11 @@ REPStatement* ImportSession::Next() {
 
 bool ImportSession::NextPiece() {
   TellDiagnosticsBefore(kEndOfPiece);
+  AccountFor(kEndOfPiece);
   done_bytes_ += piece_.bytes;
   observer_.OnProgress("bytes", done_bytes_, total_bytes_);
   piece_ = {};
-  next_statement_ = next_diagnostic_ = 0;
+  next_statement_ = next_diagnostic_ = next_trace_ = 0;
   try {
     if (!feed_(piece_)) return false;
   } catch (...) {
@@ -119,17 +136,23 @@ void ImportSession::OnNotify(REPNotification const& notification) {
     case eRENotifyProgress: break;
     case eRENotifyDuplicate:
       ++counts_.duplicate;
+      result_ = "duplicate";
       Tell(MessageKind::Duplicate, notification);
       break;
     case eRENotifyUnsupported:
       ++counts_.unsupported;
+      result_ = "unsupported";
       Tell(MessageKind::Unsupported, notification);
       break;
     case eRENotifyInformation: Tell(MessageKind::Information, notification); break;
-    case eRENotifyWarning: Tell(MessageKind::Warning, notification); break;
+    case eRENotifyWarning:
+      NoteLoss(notification.code_text ? notification.code_text : "");
+      Tell(MessageKind::Warning, notification);
+      break;
     case eRENotifySemantic:
       if (notification.code_text && notification.code_text == kFailureCode) {
         ++counts_.error;
+        result_ = "error";
         Tell(MessageKind::Error, notification);
       } else {
         Tell(MessageKind::Semantic, notification);
@@ -139,6 +162,58 @@ void ImportSession::OnNotify(REPNotification const& notification) {
     case eRENotifyBuildPosition: observer_.OnProgress("model", count, build_total_); break;
     case eRENotifyAdvisories: TellAdvisories(); break;
   }
+}
+
+// A warning says what of a statement did not come into the model, but for two that say how it came
+// there.
+void ImportSession::NoteLoss(std::string_view code) {
+  if (code == "REP-8" || code == "REP-9")
+    keeps_sql_ = true;
+  else
+    left_behind_.push_back(*codes_.emplace(code).first);
+}
+
+// Counts the clauses of the statements up to the one of that number.
+void ImportSession::AccountFor(std::size_t statement) {
+  auto const& traces = piece_.traces;
+  for (; next_trace_ < traces.size(); ++next_trace_) {
+    auto const& trace = traces[next_trace_];
+    if (trace.statement > statement) break;
+    AccountFor(trace);
+    if (trace.statement == statement) {
+      ++next_trace_;
+      break;
+    }
+  }
+}
+
+void ImportSession::AccountFor(reader::StatementTrace const& trace) {
+  using exporter::Fate;
+  auto const place = [&](std::size_t offset) {
+    auto const position = trace.source->PositionOf(offset);
+    return exporter::Place{trace.source->Name(), position.line, position.column};
+  };
+  auto const add = [&](std::string_view clause, Fate fate, std::size_t words, std::size_t offset) {
+    auto const row = ledger_.RowOf(trace.kind, clause);
+    ledger_.Add(row, fate, words,
+                ledger_.WantsPlace(row, fate) ? place(offset) : exporter::Place());
+  };
+  auto const result = trace.reading == reader::Reading::Read     ? result_
+                      : trace.reading == reader::Reading::Unread ? "unread"
+                                                                 : "outside";
+  ledger_.StartStatement(trace.source->Script(), result,
+                         ledger_.KeepsDetails() ? place(trace.offset) : exporter::Place());
+  if (trace.reading != reader::Reading::Read) return add({}, Fate::Left, trace.words, trace.offset);
+  for (std::size_t i = 0; i < trace.clauses; ++i) {
+    auto const& clause = piece_.clauses[trace.first_clause + i];
+    auto fate = FateOf(clause.fate);
+    if (keeps_sql_ && clause.in_query && fate == Fate::Held) fate = Fate::Text;
+    if (result_ == "unsupported" && fate != Fate::Left) fate = Fate::Rendered;
+    if (result_ == "duplicate" || result_ == "error") fate = Fate::Left;
+    add(i == 0 ? std::string_view() : clause.name, fate, clause.words, clause.offset);
+  }
+  if (result_ == kOk)
+    for (auto const code : left_behind_) add(code, Fate::Left, 0, trace.offset);
 }
 
 void ImportSession::Tell(MessageKind kind, REPNotification const& notification) {

@@ -4,7 +4,12 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
 
+#include "export/ledger.h"
 #include "export/run_outcome.h"
 #include "reader/script_reader.h"
 #include "repora/core/processor.h"
@@ -53,6 +58,8 @@ class ImportSession final : private REPNotifyWnd, private REPStatementSource {
   MemoryModelSet& Model() { return model_; }
   exporter::LoadedObjects const& Loaded() const { return loaded_; }
   exporter::StatementCounts const& Statements() const { return counts_; }
+  // Its names are those of the scripts read, which must be there as long as it is used.
+  exporter::Ledger& Ledger() { return ledger_; }
 
  private:
   REPStatement* Next() override;
@@ -61,6 +68,9 @@ class ImportSession final : private REPNotifyWnd, private REPStatementSource {
   void Tell(exporter::MessageKind kind, REPNotification const& notification);
   void TellDiagnosticsBefore(std::size_t statement);
   void TellAdvisories();
+  void NoteLoss(std::string_view code);
+  void AccountFor(std::size_t statement);
+  void AccountFor(reader::StatementTrace const& trace);
 
   SessionObserver& observer_;
   MemoryModelSet model_;
@@ -75,7 +85,16 @@ class ImportSession final : private REPNotifyWnd, private REPStatementSource {
   std::size_t next_diagnostic_ = 0;  // in the piece
   bool running_ = false;             // a statement: the one before next_statement_
   std::exception_ptr failure_;       // of the feed
-  std::size_t done_bytes_ = 0;       // of the scripts
+  std::size_t next_trace_ = 0;       // in the piece
+
+  // Of the statement that runs.
+  std::string_view result_;
+  bool keeps_sql_ = false;                     // the model has its query as a text
+  std::vector<std::string_view> left_behind_;  // codes of messages about what it could not do
+
+  exporter::Ledger ledger_;
+  std::set<std::string, std::less<>> codes_;
+  std::size_t done_bytes_ = 0;  // of the scripts
   std::size_t total_bytes_ = 0;
 };
 

@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "export/ledger.h"
 #include "repora/model/memory_model.h"
 #include "repora/model/metamodel.h"
 
@@ -142,10 +143,74 @@ Json ToJson(MOXObject const& object, MemoryModelSet const& model, LoadedObjects 
               {"properties", std::move(by_name)}};
 }
 
+Json ToJson(Place const& place) {
+  return Json{{"file", place.file}, {"line", place.line}, {"column", place.column}};
+}
+
+Json ToJson(FateCounts const& counts) {
+  auto json = Json::object();
+  for (std::size_t i = 0; i < kFateNames.size(); ++i)
+    json[std::string(kFateNames[i])] = counts.counts[i];
+  return json;
+}
+
+Json ToJson(Ledger::Row const& row) {
+  Json json{{"statement", row.statement}, {"clause", row.clause}};
+  json.update(ToJson(row.counts));
+  json["first"] = ToJson(row.first);
+  if (row.first_left.line != 0) json["first_left"] = ToJson(row.first_left);
+  return json;
+}
+
+// A statement with its clauses. The kind is that of its first clause.
+Json StatementToJson(Ledger const& ledger, std::size_t index) {
+  auto const& statements = ledger.Statements();
+  auto const& statement = statements[index];
+  auto const& all = ledger.Clauses();
+  auto const end = index + 1 < statements.size() ? statements[index + 1].first_clause : all.size();
+  auto clauses = Json::array();
+  for (auto i = statement.first_clause; i < end; ++i)
+    clauses.push_back(Json{{"clause", ledger.StoredRow(all[i].row).clause},
+                           {"fate", NameOf(all[i].fate)},
+                           {"line", all[i].line},
+                           {"column", all[i].column}});
+  auto const kind = statement.first_clause < end
+                        ? ledger.StoredRow(all[statement.first_clause].row).statement
+                        : std::string_view();
+  Json json{{"statement", kind}, {"result", statement.result}};
+  json.update(ToJson(statement.place));
+  json["clauses"] = std::move(clauses);
+  return json;
+}
+
+void WriteLedger(Ledger const& ledger, Writer& writer) {
+  auto const total = ledger.Total();
+  writer.Append(",\n \"ledger\": {\"clauses\": ");
+  writer.AppendValue(ToJson(total.clauses));
+  writer.Append(", \"words\": ");
+  writer.AppendValue(ToJson(total.words));
+  ArrayWriter scripts(writer, "scripts");
+  for (auto const& script : ledger.Scripts())
+    scripts.Add(Json{{"file", script.name},
+                     {"statements", ToJson(script.statements)},
+                     {"clauses", ToJson(script.clauses)},
+                     {"words", ToJson(script.words)}});
+  scripts.Close();
+  ArrayWriter rows(writer, "table");
+  for (auto const& row : ledger.Rows()) rows.Add(ToJson(row));
+  rows.Close();
+  ArrayWriter statements(writer, "statements");
+  for (std::size_t i = 0; i < ledger.Statements().size() && !writer.IsClosed(); ++i)
+    statements.Add(StatementToJson(ledger, i));
+  statements.Close();
+  writer.Append("}");
+}
+
 }  // namespace
 
 bool WriteJson(StatementCounts const& statements, std::span<Message const> messages,
-               MemoryModelSet& model, LoadedObjects const& loaded, Sink const& sink) {
+               MemoryModelSet& model, LoadedObjects const& loaded, Ledger const& ledger,
+               Sink const& sink) {
   Writer writer(sink);
   writer.Append("{\"statements\": ");
   writer.AppendValue(ToJson(statements));
@@ -163,6 +228,7 @@ bool WriteJson(StatementCounts const& statements, std::span<Message const> messa
     object_array.Add(ToJson(object, model, loaded));
   }
   object_array.Close();
+  WriteLedger(ledger, writer);
   writer.Append("}\n");
   return writer.Finish();
 }

@@ -12,13 +12,16 @@ class MemoryModelSet;
 
 namespace repora::exporter {
 
+class Ledger;
+
 // Takes the next piece of an output; false when it wants no more.
 using Sink = std::function<bool(std::string_view)>;
 
-// Writes a finished run as one JSON object: statement counts, messages, and every object of the
-// model in id order. Text that is not valid UTF-8 has U+FFFD in place of the bytes at fault, so the
-// output is valid JSON for any script. False when the sink wanted no more.
+// Writes a finished run as one JSON object: statement counts, messages, every object of the
+// model in id order, and the ledger. Text that is not valid UTF-8 has U+FFFD in place of the bytes
+// at fault, so the output is valid JSON for any script. False when the sink wanted no more.
 bool WriteJson(StatementCounts const& statements, std::span<Message const> messages,
-               MemoryModelSet& model, LoadedObjects const& loaded, Sink const& sink);
+               MemoryModelSet& model, LoadedObjects const& loaded, Ledger const& ledger,
+               Sink const& sink);
 
 }  // namespace repora::exporter

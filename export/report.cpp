@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "export/ledger.h"
+#include "export/text_table.h"
 #include "repora/model/codes.h"
 #include "repora/model/memory_model.h"
 #include "repora/model/metamodel.h"
@@ -55,10 +57,6 @@ std::map<Row, Count> CountCreated(MemoryModelSet& model, LoadedObjects const& lo
   return counts;
 }
 
-std::string Counted(std::size_t number, std::string_view one, std::string_view many) {
-  return std::to_string(number).append(1, ' ').append(number == 1 ? one : many);
-}
-
 // "3 read, 2 ok, 1 failed": without those that are zero, save the first.
 class Enumeration {
  public:
@@ -74,52 +72,18 @@ class Enumeration {
   std::string text_;
 };
 
-// Lines under a heading: a label, a number flush right, and a remark.
-class Table {
- public:
-  void Add(std::string label, std::size_t number, std::string remark) {
-    rows_.push_back({std::move(label), std::to_string(number), std::move(remark)});
-  }
-  std::string Text() const {
-    std::size_t label_width = 0;
-    std::size_t number_width = 0;
-    for (auto const& row : rows_) {
-      label_width = std::max(label_width, row.label.size());
-      number_width = std::max(number_width, row.number.size());
-    }
-    std::string text;
-    for (auto const& row : rows_) {
-      text.append(2, ' ').append(row.label);
-      text.append(label_width - row.label.size() + 2 + number_width - row.number.size(), ' ');
-      text += row.number;
-      if (!row.remark.empty()) text.append(2, ' ').append(row.remark);
-      text += '\n';
-    }
-    return text;
-  }
-
- private:
-  struct Line {
-    std::string label;
-    std::string number;
-    std::string remark;
-  };
-  std::vector<Line> rows_;
-};
-
 std::string ObjectTable(MemoryModelSet& model, LoadedObjects const& loaded) {
-  Table table;
+  TextTable table({TextTable::Align::Left, TextTable::Align::Right, TextTable::Align::Left});
   for (auto const& [row, count] : CountCreated(model, loaded)) {
     auto const& [type, kind] = row;
     auto name = kind.empty() ? model.GetMetamodel()->NameOfType(type, ORVTypes::tPhysicalName)
                              : std::string(kind);
     std::string remark;
     if (count.placeholders > 0) remark = Counted(count.placeholders, "placeholder", "placeholders");
-    table.Add(name.empty() ? std::to_string(type) : std::move(name), count.objects,
-              std::move(remark));
+    table.Add({name.empty() ? std::to_string(type) : std::move(name), std::to_string(count.objects),
+               std::move(remark)});
   }
-  auto text = table.Text();
-  return text.empty() ? "  none\n" : text;
+  return table.IsEmpty() ? "  none\n" : table.Text();
 }
 
 std::string StatementLine(StatementCounts const& counts) {
@@ -148,17 +112,32 @@ std::string MessageLine(MessageCounts const& counts) {
   return line.Text().empty() ? "none" : line.Text();
 }
 
+// "shop.sql  12 read, 12 ok; 140 clauses: 120 held, 15 as text, 3 rendered only, 2 left".
+std::string AccountOf(Ledger::Script const& script) {
+  auto const& clauses = script.clauses;
+  auto text = StatementLine(script.statements) + "; " + Counted(clauses.Sum(), "clause", "clauses");
+  Enumeration fates;
+  fates.Add(clauses.Of(Fate::Held), "held");
+  fates.Add(clauses.Of(Fate::Text), "as text");
+  fates.Add(clauses.Of(Fate::Rendered), "rendered only");
+  fates.Add(clauses.Of(Fate::Left), "left");
+  return clauses.Sum() == 0 ? text : text + ": " + fates.Text();
+}
+
+std::string ScriptTable(Ledger const& ledger) {
+  TextTable table({TextTable::Align::Left, TextTable::Align::Left});
+  for (auto const& script : ledger.Scripts()) table.Add({script.name, AccountOf(script)});
+  return table.IsEmpty() ? "  none\n" : table.Text();
+}
+
 }  // namespace
 
-std::string ReportText(StatementCounts const& statements, MessageCounts const& messages,
-                       MemoryModelSet& model, LoadedObjects const& loaded, bool bold_headings) {
-  auto const heading = [&](std::string_view title) {
-    std::string text(title);
-    return bold_headings ? "\x1b[1m" + text + "\x1b[0m" : text;
-  };
-  return heading("Objects created") + "\n" + ObjectTable(model, loaded) + heading("Statements") +
-         "\n  " + StatementLine(statements) + "\n" + heading("Messages") + "\n  " +
-         MessageLine(messages) + "\n";
+std::string ReportText(Ledger const& ledger, MessageCounts const& messages, MemoryModelSet& model,
+                       LoadedObjects const& loaded, bool bold_headings) {
+  auto const heading = [&](std::string_view title) { return Heading(title, bold_headings) + "\n"; };
+  return heading("Scripts") + ScriptTable(ledger) + heading("Objects created") +
+         ObjectTable(model, loaded) + heading("Messages") + "  " + MessageLine(messages) + "\n" +
+         heading("Statements") + "  " + AccountOf(ledger.Total()) + "\n";
 }
 
 }  // namespace repora::exporter

@@ -12,6 +12,8 @@ class MemoryModelSet;
 
 namespace repora::exporter {
 
+class Ledger;
+
 // How many messages of each kind a run had.
 class MessageCounts {
  public:
@@ -22,9 +24,10 @@ class MessageCounts {
   std::array<std::size_t, kMessageKindNames.size()> counts_{};
 };
 
-// The summary that closes a run, for people: created objects by type, statements and messages.
-// With bold headings for terminals that show them.
-std::string ReportText(StatementCounts const& statements, MessageCounts const& messages,
-                       MemoryModelSet& model, LoadedObjects const& loaded, bool bold_headings);
+// The summary that closes a run, for people: what became of each script, created objects by type,
+// messages, and a last line that sums the scripts up. With bold headings for terminals that show
+// them.
+std::string ReportText(Ledger const& ledger, MessageCounts const& messages, MemoryModelSet& model,
+                       LoadedObjects const& loaded, bool bold_headings);
 
 }  // namespace repora::exporter

@@ -197,6 +197,7 @@ void ParseModifiedColumn(TokenStream& in, REPAlterTable& table) {
 // COLUMN name [NOT] SUBSTITUTABLE AT ALL LEVELS [FORCE], behind its keyword
 void ParseSubstitutable(TokenStream& in, REPAlterTable& table) {
   auto clause = std::make_unique<REPModifyColumnClause>();
+  in.StartClause("column");
   clause->SetColumnName(ParseSimpleName(in).release());
   bool const negated = in.Accept(K_NOT);
   in.Expect(K_SUBSTITUTABLE, K_AT, K_ALL, K_LEVELS);

@@ -155,6 +155,7 @@ bool ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
 // name [datatype] [SORT] [DEFAULT expression] [constraint]...
 std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
   auto column = std::make_unique<REPRelTableColumn>();
+  in.StartClause("column");
   column->SetColumnName(ParseSimpleName(in).release());
   // In a list before AS SELECT the datatype comes from the query.
   if (!AtListEnd(in) && !in.Is(K_DROP) && (in.Is(K_REF) || !IsColumnClause(in)))

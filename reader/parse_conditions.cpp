@@ -493,12 +493,15 @@ void ConditionReader::FindClosings() {
 }  // namespace
 
 std::unique_ptr<REPCondition> ParseCondition(TokenStream& in, ConditionEnd ends) {
-  return ConditionReader(in, ends).Read();
+  auto const mark = in.Mark();
+  auto condition = ConditionReader(in, ends).Read();
+  in.ForgetKeywords(mark);
+  return condition;
 }
 
 std::unique_ptr<REPCondition> ParseConditionInParentheses(TokenStream& in) {
   in.Expect('(');
-  auto condition = ConditionReader(in, nullptr).Read();
+  auto condition = ParseCondition(in, nullptr);
   in.Expect(')');
   return condition;
 }

@@ -89,8 +89,10 @@ bool StartsLogClause(TokenStream const& in) {
 
 // Takes the rest of a clause.
 void SkipRest(TokenStream& in) {
+  auto const mark = in.Mark();
   while (!in.AtEnd() && !StartsLogClause(in))
     if (!in.Accept(K_START, K_WITH)) in.SkipItem();
+  in.ForgetKeywords(mark);
 }
 
 // PURGE ... and FOR {SYNCHRONOUS | FAST} REFRESH ..., and whatever else newer releases have

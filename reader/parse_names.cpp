@@ -7,7 +7,7 @@ void AddSegment(TokenStream& in, REPName& name) {
   auto const& token = in.Peek();
   if (!IsName(token)) in.Fail("a name");
   name.AddTail(in.Copy(in.TextOf(token)));
-  in.Next();
+  in.Advance();
 }
 
 }  // namespace
@@ -57,6 +57,7 @@ void SkipConnectionQualifier(TokenStream& in) {
 std::unique_ptr<REPExpr> MakeExpression(TokenStream& in, std::size_t mark) {
   auto expression = std::make_unique<REPExpr>();
   expression->SetExprValue(in.Copy(in.TextSince(mark)));
+  in.ForgetKeywords(mark);
   return expression;
 }
 

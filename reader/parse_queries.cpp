@@ -131,12 +131,11 @@ std::string_view QueryReader::ReadText(bool (*ends)(TokenStream const&)) {
 }
 
 bool QueryReader::HasQuotedNames(std::size_t mark) {
-  auto const end = in_.Mark();
-  bool found = false;
-  for (in_.Rewind(mark); !found && in_.Mark() < end; in_.Next())
-    found = in_.Peek().kind == TokenKind::QuotedName && NeedsQuotes(in_.TextOf(in_.Peek()));
-  in_.Rewind(end);
-  return found;
+  for (auto i = mark; i < in_.Mark(); ++i)
+    if (auto const& token = in_.At(i);
+        token.kind == TokenKind::QuotedName && NeedsQuotes(in_.TextOf(token)))
+      return true;
+  return false;
 }
 
 Query QueryReader::ReadQueryOrText() {
@@ -155,6 +154,7 @@ Query QueryReader::ReadQueryOrText() {
   if (text.empty()) in_.Fail("a query");
   auto query = std::make_unique<REPSelect>();
   query->SetText(in_.Copy(text));
+  in_.KeepAsText(mark);
   query->SetTableRefList(new REPTableRefList);
   return query;
 }
@@ -200,6 +200,12 @@ Query QueryReader::ReadQuery() {
   bool const is_text = depth_ > 1 || !takes_notes_ || KeepsSql(*query);
   if (keeps_text_ || (is_text && (has_lone_having_ || HasQuotedNames(mark))))
     query->SetText(in_.Copy(in_.TextSince(mark)));
+  if (depth_ > 1)
+    in_.ForgetKeywords(mark);
+  else if (*query->GetText())
+    in_.KeepAsText(mark);
+  else
+    in_.KeepAsQuery(mark);
   return query;
 }
 

@@ -95,7 +95,7 @@ void SkipEditions(TokenStream& in) {
     do ParseSimpleName(in);
     while (in.Accept(','));
   }
-  in.Accept(K_FORCE);
+  if (in.Is(K_FORCE)) in.Advance();
 }
 
 // DEFAULT COLLATION name | LOCAL TEMPORARY TABLESPACE name | ENABLE EDITIONS ... | CONTAINER = word

@@ -77,6 +77,8 @@ class ScriptReader {
   // Whether a statement came of it.
   bool ReadModelStatement(Place const& place, Section const& section,
                           std::vector<Token> const& tokens);
+  void TraceClauses(Place const& place, Section const& section, std::vector<Token> const& tokens,
+                    StatementTrace& trace);
   void FailUnknown(Section const& section, std::vector<Token> const& tokens, std::string_view text);
   void NoteOutside(Place const& place, Section const& section);
   void RunCommand(Place const& place, Section const& section);
@@ -101,7 +103,10 @@ class ScriptReader {
     Report(DiagnosticKind::Syntax, place, offset, std::move(text));
     Flush(0);
     ++result_.unread;
-    result_.traces.push_back({Reading::Unread, {}, place.source, place.OriginOf(offset), 0, 0});
+    StatementTrace trace;
+    trace.source = place.source;
+    trace.offset = place.OriginOf(offset);
+    result_.traces.push_back(trace);
   }
   void Flush(std::size_t statement);
 
@@ -110,6 +115,7 @@ class ScriptReader {
   std::vector<Source*> sources_;     // the script and the files being included, outermost first
   std::size_t done_ = 0;             // bytes of the script
   std::size_t handed_over_ = 0;      // of them
+  ClauseMarks marks_;                // of the statement being read
   std::vector<Diagnostic> pending_;  // of the statement being read
   std::set<StatementKind const*> outside_;  // kinds met already
   std::set<std::string> outside_names_;     // and their names, which several may share
@@ -193,6 +199,7 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
     } else if (ReadModelStatement(place, section, tokens)) {
       trace.reading = Reading::Read;
       trace.statement = result_.read;
+      TraceClauses(place, section, tokens, trace);
     }
   } catch (SyntaxError const& error) {
     Report(DiagnosticKind::Syntax, place, error.Offset(),
@@ -206,7 +213,8 @@ void ScriptReader::ReadSection(Place const& place, Section const& section,
 
 bool ScriptReader::ReadModelStatement(Place const& place, Section const& section,
                                       std::vector<Token> const& tokens) {
-  TokenStream in(place.text, tokens);
+  marks_.Clear();
+  TokenStream in(place.text, tokens, marks_);
   auto object = section.statement->parse(in);
   if (!in.AtEnd()) in.Fail("the end of the statement");
   for (auto const& note : in.Notes())
@@ -220,9 +228,23 @@ bool ScriptReader::ReadModelStatement(Place const& place, Section const& section
   return true;
 }
 
+void ScriptReader::TraceClauses(Place const& place, Section const& section,
+                                std::vector<Token> const& tokens, StatementTrace& trace) {
+  auto& clauses = result_.clauses;
+  trace.first_clause = clauses.size();
+  marks_.Resolve(trace.kind, section.tokens_of_kind, tokens, clauses);
+  trace.clauses = clauses.size() - trace.first_clause;
+  for (auto i = trace.first_clause; i < clauses.size(); ++i) {
+    auto& clause = clauses[i];
+    clause.offset = place.OriginOf(clause.offset);
+    if (clause.fate == Fate::Left) clause.name = *result_.left.emplace(clause.name).first;
+  }
+}
+
 void ScriptReader::FailUnknown(Section const& section, std::vector<Token> const& tokens,
                                std::string_view text) {
-  TokenStream in(text, tokens);
+  marks_.Clear();
+  TokenStream in(text, tokens, marks_);
   auto const first = in.Peek().word;
   if (first != K_CREATE && first != K_ALTER) in.Fail("a statement");
   for (std::size_t i = 0; i < section.tokens_of_kind; ++i) in.Next();

@@ -8,10 +8,12 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "reader/clause_trace.h"
 #include "repora/core/statement.h"
 
 // Turns the text of a script into statement objects.
@@ -98,6 +100,9 @@ struct StatementTrace {
   std::size_t offset = 0;     // of its first word
   std::size_t statement = 0;  // number, if it was read
   std::size_t words = 0;      // the tokens it is made of
+  // Its clauses, if it was read: those of the piece from this one on.
+  std::size_t first_clause = 0;
+  std::size_t clauses = 0;
 };
 
 // A part of what was read, in the order of the text.
@@ -105,11 +110,13 @@ struct ReadPiece {
   std::vector<ReadStatement> statements;
   std::vector<Diagnostic> diagnostics;
   std::vector<StatementTrace> traces;  // of every statement
+  std::vector<ClauseTrace> clauses;    // of all of them
   std::size_t bytes = 0;               // of the script itself, not of the files it includes
 };
 
 struct ReadResult : ReadPiece {
   std::vector<std::unique_ptr<Source>> sources;  // the scripts and the files they include
+  std::set<std::string, std::less<>> left;       // names of what was left
   std::size_t scripts = 0;
   std::size_t read = 0;  // statements, also those that were handed over
   std::size_t unread = 0;

@@ -154,7 +154,8 @@ constexpr StatementKind kKinds[] = {
 };
 
 // A block may start with a label.
-constexpr StatementKind kLabelledBlock = Outside({K_BEGIN}, Extent::Plsql);
+constexpr StatementKind const& kLabelledBlock = kKinds[std::size(kKinds) - 1];
+static_assert(kLabelledBlock.words[0] == K_BEGIN);
 
 // Words between CREATE or ALTER and what is created.
 bool IsModifier(Word word) {

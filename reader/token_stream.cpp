@@ -13,6 +13,16 @@ std::string Quote(char punctuation) {
   return {'\'', punctuation, '\''};
 }
 
+// What a note is about: "clause ONLINE is skipped" is about ONLINE.
+std::string_view SubjectOf(std::string_view note) {
+  constexpr std::string_view kClause = "clause ";
+  if (note.starts_with(kClause)) note.remove_prefix(kClause.size());
+  for (std::string_view const end :
+       {" is skipped", " is not read", " has no place in the data model"})
+    if (note.ends_with(end)) note.remove_suffix(end.size());
+  return note;
+}
+
 }  // namespace
 
 void TokenStream::Expect(char punctuation) {
@@ -98,7 +108,7 @@ bool TokenStream::SkipParentheses() {
     if (Is('(') && ++open + depth_ > kDeepest)
       throw SyntaxError(Peek().offset, "nesting deeper than 1,000 levels");
     if (Is(')')) --open;
-    Next();
+    Advance();
   } while (open > 0);
   return true;
 }
@@ -109,7 +119,7 @@ std::string_view TokenStream::TakeParentheses() {
   SkipParentheses();
   StepBack();
   auto const text = TextSince(mark);
-  Next();
+  Advance();
   return text;
 }
 
@@ -121,6 +131,9 @@ void TokenStream::Enter(std::size_t count) {
 }
 
 void TokenStream::Note(Token const& at, std::string_view text) {
+  auto const place = std::partition_point(
+      tokens_.begin(), tokens_.end(), [&](Token const& token) { return token.offset < at.offset; });
+  marks_.AddLeft(static_cast<std::size_t>(place - tokens_.begin()), SubjectOf(text));
   auto const find = [&] {
     return std::find_if(notes_.begin(), notes_.end(),
                         [&](SkipNote const& note) { return note.text == text; });

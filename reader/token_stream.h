@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "reader/clause_trace.h"
 #include "reader/lexer.h"
 
 namespace repora::reader {
@@ -40,20 +41,27 @@ struct SkipNote {
 class TokenStream {
  public:
   // The last token must be an End.
-  TokenStream(std::string_view text, std::vector<Token> const& tokens)
-      : text_(text), tokens_(tokens) {}
+  TokenStream(std::string_view text, std::vector<Token> const& tokens, ClauseMarks& marks)
+      : text_(text), tokens_(tokens), marks_(marks) {}
 
   Token const& Peek(std::size_t ahead = 0) const {
     auto const index = next_ + ahead;
     return index < tokens_.size() ? tokens_[index] : tokens_.back();
   }
+  // Takes a token of the grammar.
   Token const& Next() {
+    auto const& token = Peek();
+    if (token.word != K_NONE) marks_.AddKeyword(next_);
+    return Advance();
+  }
+  // Takes a token that is a name, a value or something skipped.
+  Token const& Advance() {
     auto const& token = Peek();
     if (next_ + 1 < tokens_.size()) ++next_;
     return token;
   }
   // Gives the token taken last back.
-  void StepBack() { --next_; }
+  void StepBack() { Rewind(next_ - 1); }
   bool AtEnd() const { return Peek().kind == TokenKind::End; }
 
   // Whether the coming tokens are these words; Accept takes them if so.
@@ -65,7 +73,7 @@ class TokenStream {
   template <std::same_as<Word>... Words>
   bool Accept(Words... words) {
     if (!Is(words...)) return false;
-    next_ += sizeof...(words);
+    for (std::size_t i = 0; i < sizeof...(words); ++i) marks_.AddKeyword(next_++);
     return true;
   }
   bool Is(char punctuation) const { return Peek().punctuation == punctuation; }
@@ -93,6 +101,8 @@ class TokenStream {
   }
   // A place between two tokens, and the script's own text from there to the last token taken.
   std::size_t Mark() const { return next_; }
+  // The token behind a place.
+  Token const& At(std::size_t mark) const { return tokens_[mark]; }
   std::string_view TextSince(std::size_t mark) const;
   // Takes all that is left: the script's own text from behind the last token taken to the end of
   // the statement, with its blanks and comments and, of a PL/SQL unit, the ";" that ends it.
@@ -107,7 +117,21 @@ class TokenStream {
   }
 
   // Goes back to a place.
-  void Rewind(std::size_t mark) { next_ = mark; }
+  void Rewind(std::size_t mark) {
+    next_ = mark;
+    ForgetKeywords(mark);
+  }
+  // What was taken since a place was no keyword, but a part of a text.
+  void ForgetKeywords(std::size_t mark) { marks_.Forget(mark); }
+  // What was taken since a place is kept as a text.
+  void KeepAsText(std::size_t mark) {
+    marks_.Forget(mark);
+    marks_.AddText(mark, next_);
+  }
+  // What was taken since a place is a query, taken apart.
+  void KeepAsQuery(std::size_t mark) { marks_.AddQuery(mark, next_); }
+  // Something of the grammar comes that has no keyword in front, such as a column.
+  void StartClause(char const* name) { marks_.AddClause(next_, name); }
 
   // Takes "(" and all up to the ")" that closes it, when "(" comes.
   bool SkipParentheses();
@@ -115,7 +139,7 @@ class TokenStream {
   std::string_view TakeParentheses();
   // Takes the coming token, with all it holds when it is a "(".
   void SkipItem() {
-    if (!SkipParentheses()) Next();
+    if (!SkipParentheses()) Advance();
   }
 
   // Notes that something was skipped, "clause X is skipped", found at a token.
@@ -146,6 +170,7 @@ class TokenStream {
 
   std::string_view text_;
   std::vector<Token> const& tokens_;
+  ClauseMarks& marks_;
   std::size_t next_ = 0;
   std::size_t depth_ = 0;
   std::vector<SkipNote> notes_;

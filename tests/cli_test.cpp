@@ -113,15 +113,17 @@ TEST_F(Cli, MessagesLookLikeACompilers) {
             "                               ^\n"
             "s.sql:6:20: note: clause KEEP is skipped\n");
   EXPECT_EQ(result.out,
+            "Scripts\n"
+            "  s.sql  5 read, 2 ok, 1 duplicate, 2 failed, 1 unread; 11 clauses: 2 held, 9 left\n"
             "Objects created\n"
             "  Table     1\n"
             "  Column    1\n"
             "  Sequence  2\n"
             "  Cluster   1  1 placeholder\n"
-            "Statements\n"
-            "  5 read, 2 ok, 1 duplicate, 2 failed, 1 unread\n"
             "Messages\n"
-            "  1 syntax error, 1 semantic error, 2 warnings, 1 note\n");
+            "  1 syntax error, 1 semantic error, 2 warnings, 1 note\n"
+            "Statements\n"
+            "  5 read, 2 ok, 1 duplicate, 2 failed, 1 unread; 11 clauses: 2 held, 9 left\n");
 }
 
 TEST_F(Cli, LongTextsAreCutOnTheTerminalAndWholeInTheJson) {
@@ -193,6 +195,62 @@ TEST_F(Cli, JsonHoldsStatementsMessagesAndObjects) {
             created["oOracleTablespace"]["id"]);
   EXPECT_EQ(created["oAttribute"]["owner"], created["oEntity"]["id"]);
   EXPECT_EQ(created["oEntity"]["properties"]["pDBOwner"], "O");
+}
+
+// One statement of each fate, one that fails as a whole, and one that is not for the model.
+constexpr char const* kLedgerScript =
+    "CREATE TABLE T (\n"
+    "  A NUMBER DEFAULT 1 NOT NULL,\n"
+    "  B DATE COLLATE X) ROWDEPENDENCIES;\n"
+    "ALTER SEQUENCE MISSING NOCACHE;\n"
+    "ALTER TABLE T ENABLE ALL TRIGGERS;\n"
+    "INSERT INTO T VALUES (1);\n";
+
+TEST_F(Cli, LedgerIsATableByClause) {
+  auto const result = Import(kLedgerScript, {"--ledger", "--quiet"});
+  EXPECT_EQ(result.out,
+            "Ledger\n"
+            "                                    held  as text  rendered only  left\n"
+            "  ALTER SEQUENCE                       -        -              -     1  first left at "
+            "s.sql:4:1\n"
+            "    NOCACHE                            -        -              -     1  first left at "
+            "s.sql:4:24\n"
+            "  ALTER TABLE                          -        -              1     -\n"
+            "    ENABLE                             -        -              1     -\n"
+            "  CREATE TABLE                         1        -              -     -\n"
+            "    COLLATE                            -        -              -     1  first left at "
+            "s.sql:3:10\n"
+            "    DEFAULT                            -        1              -     -\n"
+            "    NOT NULL                           1        -              -     -\n"
+            "    ROWDEPENDENCIES                    1        -              -     -\n"
+            "    column                             2        -              -     -\n"
+            "  INSERT                               -        -              -     1  first left at "
+            "s.sql:6:1\n"
+            "  all clauses, statements included     5        1              2     4\n"
+            "  all words                           12        2              6    14\n");
+  EXPECT_EQ(Import("CREATE SEQUENCE S;", {"--ledger", "--json", "-"}).out.front(), '{');
+}
+
+TEST_F(Cli, LedgerOfTheJsonHoldsEveryClauseWithItsPlace) {
+  auto const ledger = Json::parse(Import(kLedgerScript, {"--json", "-", "--quiet"}).out)["ledger"];
+  EXPECT_EQ(ledger["clauses"], Json::parse(R"({"held":5,"text":1,"rendered":2,"left":4})"));
+  EXPECT_EQ(ledger["scripts"][0]["statements"]["outside"], 1);
+  EXPECT_EQ(ledger["statements"].size(), 4U);
+  EXPECT_EQ(
+      ledger["statements"][1],
+      Json::parse(
+          R"({"statement":"ALTER SEQUENCE","result":"error","file":"s.sql","line":4,"column":1,)"
+          R"("clauses":[{"clause":"","fate":"left","line":4,"column":1},)"
+          R"({"clause":"NOCACHE","fate":"left","line":4,"column":24}]})"));
+  auto const& table = ledger["table"];
+  auto const collate = std::find_if(table.begin(), table.end(),
+                                    [](Json const& row) { return row["clause"] == "COLLATE"; });
+  ASSERT_NE(collate, table.end());
+  EXPECT_EQ(*collate,
+            Json::parse(
+                R"({"statement":"CREATE TABLE","clause":"COLLATE","held":0,"text":0,"rendered":0,)"
+                R"("left":1,"first":{"file":"s.sql","line":3,"column":10},)"
+                R"("first_left":{"file":"s.sql","line":3,"column":10}})"));
 }
 
 TEST_F(Cli, JsonOnStandardOutputStandsAlone) {
@@ -387,7 +445,8 @@ TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
   for (auto const& [what, text, status, message, object] : std::vector<Input>{
            {"empty", "", 0, "s.sql:1:1: note: no statements\n", ""},
            {"only comments", "-- nothing\n/* here */\n", 0, "s.sql:1:1: note: no statements\n", ""},
-           {"only commands", "SET ECHO OFF\nPROMPT hello\n", 0, "s.sql:1:1: note: no statements\n", ""},
+           {"only commands", "SET ECHO OFF\nPROMPT hello\n", 0, "s.sql:1:1: note: no statements\n",
+            ""},
            {"binary", binary, 1, "s.sql:1:", ""},
            {"CRLF", "CREATE SEQUENCE A;\r\nCREATE SEQUENCE A\r\n/\r\n", 0, "s.sql:2:1: duplicate",
             "Sequence  1\n"},

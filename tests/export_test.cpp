@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "export/json_export.h"
+#include "export/ledger.h"
 #include "export/report.h"
 #include "repora/model/memory_model.h"
 
@@ -16,7 +17,7 @@ using Json = nlohmann::ordered_json;
 std::string Export(MemoryModelSet& model, LoadedObjects loaded, std::vector<Message> messages = {},
                    StatementCounts counts = {}) {
   std::string text;
-  EXPECT_TRUE(WriteJson(counts, messages, model, loaded, [&](std::string_view piece) {
+  EXPECT_TRUE(WriteJson(counts, messages, model, loaded, {}, [&](std::string_view piece) {
     text += piece;
     return true;
   }));
@@ -111,7 +112,7 @@ TEST(JsonExport, StopsWhenTheSinkWantsNoMore) {
   MemoryModelSet model;
   for (int i = 0; i < 20000; ++i) model.AddObject(ORVTypes::oEntity, 1, "A_TABLE");
   int pieces = 0;
-  EXPECT_FALSE(WriteJson({}, {}, model, {}, [&](std::string_view) { return ++pieces < 3; }));
+  EXPECT_FALSE(WriteJson({}, {}, model, {}, {}, [&](std::string_view) { return ++pieces < 3; }));
   EXPECT_EQ(pieces, 3);
 }
 
@@ -127,21 +128,34 @@ TEST(Report, CountsCreatedObjectsByTypeUnderTheirPhysicalNames) {
   messages.Add(MessageKind::Warning);
   messages.Add(MessageKind::Syntax);
   messages.Add(MessageKind::Duplicate);
-  EXPECT_EQ(ReportText({7, 4, 1, 0, 2, 3, 0}, messages, model, loaded, false),
+  Ledger ledger;
+  ledger.SetScripts({"a.sql", "empty.sql"});
+  for (auto const* const result : {"ok", "ok", "duplicate", "error", "unread", "outside"}) {
+    ledger.StartStatement(0, result, {});
+    bool const ok = result == std::string("ok");
+    ledger.Add(ledger.RowOf("CREATE TABLE", ""), ok ? Fate::Held : Fate::Left, 3, {});
+  }
+  EXPECT_EQ(ReportText(ledger, messages, model, loaded, false),
+            "Scripts\n"
+            "  a.sql      4 read, 2 ok, 1 duplicate, 1 failed, 1 unread, 1 outside the model; "
+            "6 clauses: 2 held, 4 left\n"
+            "  empty.sql  0 read; 0 clauses\n"
             "Objects created\n"
             "  Table        1\n"
             "  Column      12\n"
             "  Tablespace   1  1 placeholder\n"
-            "Statements\n"
-            "  7 read, 4 ok, 1 duplicate, 2 failed, 3 unread\n"
             "Messages\n"
-            "  1 syntax error, 2 warnings\n");
+            "  1 syntax error, 2 warnings\n"
+            "Statements\n"
+            "  4 read, 2 ok, 1 duplicate, 1 failed, 1 unread, 1 outside the model; "
+            "6 clauses: 2 held, 4 left\n");
 }
 
 TEST(Report, OfNothingSaysSo) {
   MemoryModelSet model;
   EXPECT_EQ(ReportText({}, {}, model, {model.HighestId()}, false),
-            "Objects created\n  none\nStatements\n  0 read\nMessages\n  none\n");
+            "Scripts\n  none\nObjects created\n  none\nMessages\n  none\n"
+            "Statements\n  0 read; 0 clauses\n");
 }
 
 }  // namespace

@@ -394,6 +394,7 @@ std::unique_ptr<GoldenOutcome> RunGolden(GoldenCase const& golden) {
     outcome->rendered.push_back(statement.object->AsString());
   Recorder recorder(outcome->messages);
   outcome->session = std::make_unique<cli::ImportSession>(SettingsOf(golden), recorder);
+  outcome->session->Ledger().KeepDetails();
   bool more = true;
   EXPECT_TRUE(outcome->session->Run([&](reader::ReadPiece& piece) {
     piece = std::move(outcome->read);

@@ -661,11 +661,12 @@ class Clause {
     do tokens_.push_back(lexer.Next());
     while (tokens_.back().kind != TokenKind::End);
   }
-  TokenStream Stream() const { return {text_, tokens_}; }
+  TokenStream Stream() { return {text_, tokens_, marks_}; }
 
  private:
   std::string text_;
   std::vector<Token> tokens_;
+  ClauseMarks marks_;
 };
 
 TEST(Datatypes, AreOfTheirKindWhereTheTextDoesNotTell) {
@@ -702,7 +703,7 @@ TEST(Datatypes, AreOfTheirKindWhereTheTextDoesNotTell) {
   };
   for (auto const& one : cases) {
     SCOPED_TRACE(one.text);
-    Clause const clause(one.text);
+    Clause clause(one.text);
     auto in = clause.Stream();
     auto const type = ParseDatatype(in);
     long model_id = 0;
@@ -715,13 +716,13 @@ TEST(Datatypes, AreOfTheirKindWhereTheTextDoesNotTell) {
 TEST(Storage, ReadsExtents) {
   for (std::string const text :
        {"ALLOCATE EXTENT", "ALLOCATE EXTENT (SIZE 10M DATAFILE 'f;1.dbf' INSTANCE 2)"}) {
-    Clause const clause(text);
+    Clause clause(text);
     auto in = clause.Stream();
     EXPECT_EQ(ParseAllocateExtent(in)->AsString(), text);
     EXPECT_TRUE(in.AtEnd());
   }
   for (std::string const text : {"DEALLOCATE UNUSED", "DEALLOCATE UNUSED KEEP 5K"}) {
-    Clause const clause(text);
+    Clause clause(text);
     auto in = clause.Stream();
     EXPECT_EQ(ParseDeallocateUnused(in)->AsString(), text);
   }
