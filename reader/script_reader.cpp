@@ -7,9 +7,9 @@
 
 #include "reader/characters.h"
 #include "reader/splitter.h"
+#include "reader/sqlplus_state.h"
 #include "reader/substitution.h"
 #include "reader/token_stream.h"
-#include "repora/core/letters.h"
 #include "repora/core/statement.h"
 
 namespace repora::reader {
@@ -66,7 +66,8 @@ bool IsRestOfLineBlank(std::string_view text, std::size_t offset) {
 
 class ScriptReader {
  public:
-  ScriptReader(ReadOptions& options, ReadResult& result) : options_(options), result_(result) {}
+  ScriptReader(ReadOptions& options, ReadResult& result)
+      : options_(options), result_(result), sqlplus_(options.defines) {}
 
   void ReadSource(std::string name, std::string text);
   void HandOver();
@@ -82,16 +83,10 @@ class ScriptReader {
   void FailUnknown(Section const& section, std::vector<Token> const& tokens, std::string_view text);
   void NoteOutside(Place const& place, Section const& section);
   void RunCommand(Place const& place, Section const& section);
-  void Include(Place const& place, Section const& section, std::vector<std::string> const& words);
-  void SetOptions(std::vector<std::string> const& words);
+  void Include(Place const& place, Section const& section);
   void NoteUndefined(Place const& place, Section const& section);
   void Hide(Place const& place, Section const& section) {
     place.source->Hide(place.OriginOf(section.start), place.OriginOf(section.stop));
-  }
-  bool HasVariables(Place const& place, Section const& section) const {
-    return prefix_ != '\0' &&
-           place.text.substr(section.start, section.stop - section.start).find(prefix_) !=
-               std::string_view::npos;
   }
   bool IsStopped() const { return left_ || (options_.stop && *options_.stop); }
 
@@ -120,9 +115,9 @@ class ScriptReader {
   std::set<StatementKind const*> outside_;  // kinds met already
   std::set<std::string> outside_names_;     // and their names, which several may share
   std::set<std::string> undefined_;         // variables noted already
-  char prefix_ = '&';                       // of variables; NUL: they are not replaced
-  bool recognized_ = false;                 // the source holds a statement
-  bool left_ = false;                       // the source is not read any further
+  SqlPlusState sqlplus_;
+  bool recognized_ = false;  // the source holds a statement
+  bool left_ = false;        // the source is not read any further
 };
 
 void ScriptReader::ReadSource(std::string name, std::string text) {
@@ -156,10 +151,10 @@ void ScriptReader::ReadSections(Place const& place) {
       RunCommand(place, section);
       continue;
     }
-    if (HasVariables(place, section)) {
+    auto const text = place.text.substr(section.start, section.stop - section.start);
+    if (sqlplus_.MayHoldVariables(text)) {
       ExpandedText expanded;
-      auto const text = place.text.substr(section.start, section.stop - section.start);
-      if (!place.expanded && Expand(text, section.start, prefix_, options_.defines, expanded)) {
+      if (!place.expanded && sqlplus_.Expand(text, section.start, expanded)) {
         ReadSections({expanded.Text(), place.source, &expanded});
         continue;
       }
@@ -260,61 +255,33 @@ void ScriptReader::NoteOutside(Place const& place, Section const& section) {
 }
 
 void ScriptReader::RunCommand(Place const& place, Section const& section) {
-  if (section.command == CommandKind::Other) Hide(place, section);  // such as CONNECT
-  if (section.command == CommandKind::Other || section.command == CommandKind::Remark) return;
-  std::string command(place.text.substr(section.start, section.end - section.start));
-  ExpandedText expanded;
-  if (prefix_ != '\0' && section.command != CommandKind::Set &&
-      Expand(command, 0, prefix_, options_.defines, expanded))
-    command = expanded.Text();
-  auto const words = CommandWords(command);
   switch (section.command) {
-    case CommandKind::Define:
-      if (words.size() > 2 && words[1] == "=") options_.defines[ToUpper(words[0])] = words[2];
-      break;
-    case CommandKind::Undefine:
-      for (auto const& word : words) options_.defines.erase(ToUpper(word));
-      break;
-    case CommandKind::Set: SetOptions(words); break;
-    default: Include(place, section, words); break;
+    case CommandKind::Other: Hide(place, section); break;  // such as CONNECT
+    case CommandKind::Include:
+    case CommandKind::IncludeBeside: Include(place, section); break;
+    default:
+      sqlplus_.Run(section.command, place.text.substr(section.start, section.end - section.start));
   }
 }
 
-void ScriptReader::SetOptions(std::vector<std::string> const& words) {
-  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-    auto const option = ToUpper(words[i]);
-    if (option != "SCAN" && !(option.size() >= 3 && std::string_view("DEFINE").starts_with(option)))
-      continue;
-    auto const value = ToUpper(words[++i]);
-    if (value == "OFF")
-      prefix_ = '\0';
-    else if (value == "ON")
-      prefix_ = '&';
-    else if (value.size() == 1)
-      prefix_ = value[0];
-  }
-}
-
-void ScriptReader::Include(Place const& place, Section const& section,
-                           std::vector<std::string> const& words) {
-  if (words.empty()) return;
-  auto name = words[0];
-  auto const folder = name.find_last_of("/\\");
-  if (name.find('.', folder == std::string::npos ? 0 : folder) == std::string::npos) name += ".sql";
+void ScriptReader::Include(Place const& place, Section const& section) {
+  auto const file =
+      sqlplus_.IncludedFile(place.text.substr(section.start, section.end - section.start));
+  if (file.name.empty()) return;
   auto const leave_out = [&](std::string const& reason) {
-    Report(DiagnosticKind::Note, place, section.start, name + " is left out: " + reason);
+    Report(DiagnosticKind::Note, place, section.start, file.name + " is left out: " + reason);
     Flush(0);
   };
   if (!options_.include) return leave_out("included files are not read");
   if (sources_.size() > kDeepestInclude)
     return leave_out("files include files more than 20 levels deep");
   bool const beside = section.command == CommandKind::IncludeBeside;
-  auto included = options_.include(name, beside ? place.source->Name() : std::string());
+  auto included = options_.include(file.name, beside ? place.source->Name() : std::string());
   if (!included) return leave_out("the file cannot be read");
   if (std::any_of(sources_.begin(), sources_.end(),
                   [&](Source const* source) { return source->Name() == included->name; }))
     return leave_out("the file includes itself");
-  for (std::size_t i = 1; i < words.size(); ++i) options_.defines[std::to_string(i)] = words[i];
+  sqlplus_.Pass(file.arguments);
   ReadSource(std::move(included->name), std::move(included->text));
 }
 
@@ -324,12 +291,12 @@ void ScriptReader::NoteUndefined(Place const& place, Section const& section) {
   Lexer lexer(text);
   lexer.MoveTo(section.start);
   Token token;
-  for (auto use = FindVariable(text, section.start, prefix_); !use.name.empty();
-       use = FindVariable(text, use.end, prefix_)) {
+  for (auto use = sqlplus_.FindUndefined(text, section.start); !use.name.empty();
+       use = sqlplus_.FindUndefined(text, use.end)) {
     while (token.end() <= use.start && lexer.Offset() < section.stop) token = lexer.Next();
     bool const in_code = token.offset <= use.start && use.start < token.end() &&
                          token.kind != TokenKind::String && token.kind != TokenKind::Fault;
-    if (!in_code || options_.defines.contains(use.name)) continue;
+    if (!in_code) continue;
     // In the midst of a word it may as well be a part of a password.
     bool const starts_word =
         use.start == token.offset + (token.kind == TokenKind::QuotedName ? 1U : 0U);
