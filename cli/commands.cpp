@@ -116,7 +116,8 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
   if (summary_path) settings.summary_file = summary_path->Path();
   reader::ReadResult result;
   ReadAhead reading([&](ReadAhead::HandOver const& hand_over) {
-    ReadScripts(std::move(scripts), options.defines, interrupts, hand_over, result);
+    ReadScripts(std::move(scripts), options.include_folders, options.defines, interrupts, hand_over,
+                result);
   });
   auto const feed = [&](reader::ReadPiece& piece) {
     if (!reading.Next(piece)) return false;
@@ -168,7 +169,8 @@ int RunRender(Options const& options, InterruptWatch& interrupts) {
   };
   reader::ReadResult result;
   ReadScripts(
-      LoadScripts(options.scripts, interrupts), options.defines, interrupts,
+      LoadScripts(options.scripts, interrupts), options.include_folders, options.defines,
+      interrupts,
       [&](reader::ReadPiece piece) {
         if (options.redact) RedactPasswords(piece);
         TellDiagnostics(piece, console);

@@ -65,6 +65,11 @@ void AddCommonOptions(CLI::App& app, Options& options) {
          "Value of a substitution variable; may be repeated")
       ->allow_extra_args(false)
       ->type_name("NAME=VALUE");
+  app.add_option("--allow-include", options.include_folders,
+                 "Let scripts include files of that folder too; may be repeated")
+      ->check(CLI::ExistingDirectory)
+      ->allow_extra_args(false)
+      ->type_name("DIR");
   app.add_flag("--strict", options.strict,
                "Count warnings, duplicates and notes as failures in the exit status");
   app.add_flag("--redact", options.redact,

@@ -16,6 +16,7 @@ struct Options {
   Command command = Command::Import;
   std::vector<std::string> scripts;
   std::map<std::string, std::string> defines;  // names in upper case
+  std::vector<std::string> include_folders;    // whose files scripts may include, besides their own
   ImportSettings settings;
   std::string json;     // path or "-"; empty: none
   std::string summary;  // path; empty: none

@@ -1,45 +1,14 @@
 #include "cli/scripts.h"
 
-#include <filesystem>
-#include <optional>
-
 #include "cli/files.h"
+#include "cli/includes.h"
 #include "cli/interrupt.h"
 
 namespace repora::cli {
 namespace {
 
-namespace fs = std::filesystem;
-
 std::string DisplayName(std::string const& path) {
   return path == kStandardStream ? "<stdin>" : path;
-}
-
-// Where an included file may be: beside the script that includes it (@@), or in the current folder
-// and then beside the script that was given to the program (@).
-std::vector<fs::path> Candidates(std::string const& name, std::string const& beside,
-                                 std::string const& script) {
-  auto const in_folder_of = [&](std::string const& other) {
-    return (fs::path(other).parent_path() / name).lexically_normal();
-  };
-  if (!beside.empty()) return {in_folder_of(beside)};
-  return {fs::path(name).lexically_normal(), in_folder_of(script)};
-}
-
-std::optional<reader::ReadOptions::Included> ReadIncluded(std::string const& name,
-                                                          std::string const& beside,
-                                                          std::string const& script,
-                                                          InterruptWatch const& interrupts) {
-  for (auto const& candidate : Candidates(name, beside, script)) {
-    try {
-      return reader::ReadOptions::Included{candidate.string(), ReadFile(candidate.string(), [&] {
-                                             interrupts.ThrowIfInterrupted();
-                                           })};
-    } catch (FileError const&) {
-      // The next place; the reader says so when there is none.
-    }
-  }
-  return std::nullopt;
 }
 
 std::size_t CountStatements(reader::ReadResult const& result) {
@@ -68,10 +37,11 @@ Scripts LoadScripts(std::vector<std::string> const& paths, InterruptWatch const&
   return scripts;
 }
 
-void ReadScripts(Scripts scripts, std::map<std::string, std::string> defines,
-                 InterruptWatch const& interrupts,
+void ReadScripts(Scripts scripts, std::vector<std::string> const& include_folders,
+                 std::map<std::string, std::string> defines, InterruptWatch const& interrupts,
                  std::function<void(reader::ReadPiece)> const& hand_over,
                  reader::ReadResult& result) {
+  Includes const includes(scripts.paths, include_folders, interrupts);
   bool anything = false;
   reader::ReadOptions options;
   options.defines = std::move(defines);
@@ -82,9 +52,7 @@ void ReadScripts(Scripts scripts, std::map<std::string, std::string> defines,
   };
   for (std::size_t i = 0; i < scripts.paths.size(); ++i) {
     auto const& path = scripts.paths[i];
-    options.include = [&](std::string const& name, std::string const& beside) {
-      return ReadIncluded(name, beside, path, interrupts);
-    };
+    options.include = [&](auto const& request) { return includes.Find(request, path); };
     auto const before = CountStatements(result);
     auto const source = result.sources.size();
     anything = false;

@@ -28,8 +28,9 @@ Scripts LoadScripts(std::vector<std::string> const& paths, InterruptWatch const&
 // Reads the scripts, in that order and as if they were one: what one of them defines holds for the
 // next ones. Hands over what it reads, and a note for a script that holds nothing at all, which is
 // no failure but rarely what the user meant. Throws Interrupted.
-void ReadScripts(Scripts scripts, std::map<std::string, std::string> defines,
-                 InterruptWatch const& interrupts,
+// Files are included from the folders of the scripts and from those that are given.
+void ReadScripts(Scripts scripts, std::vector<std::string> const& include_folders,
+                 std::map<std::string, std::string> defines, InterruptWatch const& interrupts,
                  std::function<void(reader::ReadPiece)> const& hand_over,
                  reader::ReadResult& result);
 

@@ -19,6 +19,8 @@ constexpr std::size_t kDeepestInclude = 20;
 // Statements and diagnostics together that are worth handing over. Few enough to stay in the cache
 // until they are processed.
 constexpr std::size_t kPiece = 100;
+// Files that include two others each are soon more than anybody has.
+constexpr std::size_t kMostIncludes = 10000;
 
 // A text to read and where it comes from: a script, or a piece of one whose variables were
 // replaced.
@@ -67,7 +69,7 @@ bool IsRestOfLineBlank(std::string_view text, std::size_t offset) {
 class ScriptReader {
  public:
   ScriptReader(ReadOptions& options, ReadResult& result)
-      : options_(options), result_(result), sqlplus_(options.defines) {}
+      : options_(options), result_(result), sqlplus_(options.defines, options.variables) {}
 
   void ReadSource(std::string name, std::string text);
   void HandOver();
@@ -84,11 +86,12 @@ class ScriptReader {
   void NoteOutside(Place const& place, Section const& section);
   void RunCommand(Place const& place, Section const& section);
   void Include(Place const& place, Section const& section);
-  void NoteUndefined(Place const& place, Section const& section);
+  void NoteVariables(Place const& place, Section const& section);
+  void NoteRest(Place const& place, Section const& section, Splitter& splitter);
   void Hide(Place const& place, Section const& section) {
     place.source->Hide(place.OriginOf(section.start), place.OriginOf(section.stop));
   }
-  bool IsStopped() const { return left_ || (options_.stop && *options_.stop); }
+  bool IsStopped() const { return left_ || exited_ || (options_.stop && *options_.stop); }
 
   void Report(DiagnosticKind kind, Place const& place, std::size_t offset, std::string text) {
     pending_.push_back({kind, place.source, place.OriginOf(offset), 0, 0, std::move(text)});
@@ -114,10 +117,12 @@ class ScriptReader {
   std::vector<Diagnostic> pending_;  // of the statement being read
   std::set<StatementKind const*> outside_;  // kinds met already
   std::set<std::string> outside_names_;     // and their names, which several may share
-  std::set<std::string> undefined_;         // variables noted already
   SqlPlusState sqlplus_;
+  std::set<std::string> not_included_;  // notes on files, each given once
+  std::size_t includes_ = 0;
   bool recognized_ = false;  // the source holds a statement
   bool left_ = false;        // the source is not read any further
+  bool exited_ = false;      // the script and all that it includes is not read any further
 };
 
 void ScriptReader::ReadSource(std::string name, std::string text) {
@@ -143,24 +148,25 @@ void ScriptReader::ReadSections(Place const& place) {
     if (result_.traces.size() + result_.diagnostics.size() >= kPiece && !place.expanded &&
         IsRestOfLineBlank(place.text, done))
       HandOver();
+    splitter.SetTerminator(sqlplus_.Terminator());
     auto const section = splitter.Next();
     if (section.kind == Section::Kind::End) break;
     done = section.stop;
     if (sources_.size() == 1 && !place.expanded) done_ = done;
+    auto const text = place.text.substr(section.start, section.stop - section.start);
+    ExpandedText expanded;
+    bool const may_hold_variables = !place.expanded && sqlplus_.MayHoldVariables(text);
     if (section.kind == Section::Kind::Command) {
       RunCommand(place, section);
-      continue;
-    }
-    auto const text = place.text.substr(section.start, section.stop - section.start);
-    if (sqlplus_.MayHoldVariables(text)) {
-      ExpandedText expanded;
-      if (!place.expanded && sqlplus_.Expand(text, section.start, expanded)) {
+    } else {
+      if (may_hold_variables) NoteVariables(place, section);
+      if (may_hold_variables && sqlplus_.Expand(text, section.start, expanded))
         ReadSections({expanded.Text(), place.source, &expanded});
-        continue;
-      }
-      NoteUndefined(place, section);
+      else
+        ReadSection(place, section, splitter.Tokens());
+      Flush(0);
     }
-    ReadSection(place, section, splitter.Tokens());
+    if (exited_) NoteRest(place, section, splitter);
   }
 }
 
@@ -255,55 +261,91 @@ void ScriptReader::NoteOutside(Place const& place, Section const& section) {
 }
 
 void ScriptReader::RunCommand(Place const& place, Section const& section) {
+  auto const command = place.text.substr(section.start, section.end - section.start);
   switch (section.command) {
-    case CommandKind::Other: Hide(place, section); break;  // such as CONNECT
     case CommandKind::Include:
-    case CommandKind::IncludeBeside: Include(place, section); break;
-    default:
-      sqlplus_.Run(section.command, place.text.substr(section.start, section.end - section.start));
+    case CommandKind::IncludeBeside: return Include(place, section);
+    case CommandKind::Exit: exited_ = true; return;
+    case CommandKind::Other: return Hide(place, section);  // such as CONNECT
+    case CommandKind::Text:
+    case CommandKind::Remark: return;
+    default: break;
   }
+  auto note = sqlplus_.Run(section.command, command);
+  if (note.empty()) return;
+  Report(DiagnosticKind::Note, place, section.start, std::move(note));
+  Flush(0);
 }
 
 void ScriptReader::Include(Place const& place, Section const& section) {
   auto const file =
       sqlplus_.IncludedFile(place.text.substr(section.start, section.end - section.start));
   if (file.name.empty()) return;
+  if (file.is_secret) Hide(place, section);
   auto const leave_out = [&](std::string const& reason) {
-    Report(DiagnosticKind::Note, place, section.start, file.name + " is left out: " + reason);
+    auto note = file.name + " is left out: " + reason;
+    if (!not_included_.insert(note).second) return;
+    Report(DiagnosticKind::Note, place, section.start, std::move(note));
     Flush(0);
   };
+  if (!file.problem.empty()) return leave_out(file.problem);
   if (!options_.include) return leave_out("included files are not read");
   if (sources_.size() > kDeepestInclude)
     return leave_out("files include files more than 20 levels deep");
-  bool const beside = section.command == CommandKind::IncludeBeside;
-  auto included = options_.include(file.name, beside ? place.source->Name() : std::string());
+  if (includes_ == kMostIncludes) return leave_out("more than 10000 files are included");
+  auto included = options_.include(
+      {file.name, place.source->Name(), section.command == CommandKind::IncludeBeside});
   if (!included) return leave_out("the file cannot be read");
+  if (!included->problem.empty()) return leave_out(included->problem);
   if (std::any_of(sources_.begin(), sources_.end(),
                   [&](Source const* source) { return source->Name() == included->name; }))
     return leave_out("the file includes itself");
-  sqlplus_.Pass(file.arguments);
+  ++includes_;
+  for (auto const& note : file.notes) Report(DiagnosticKind::Note, place, section.start, note);
+  Flush(0);
+  SqlPlusState::Arguments const arguments(sqlplus_, file.arguments);
   ReadSource(std::move(included->name), std::move(included->text));
 }
 
-void ScriptReader::NoteUndefined(Place const& place, Section const& section) {
+// Says what stands behind the EXIT that a section was or led to.
+void ScriptReader::NoteRest(Place const& place, Section const& section, Splitter& splitter) {
+  std::size_t statements = 0;
+  std::size_t files = 0;
+  for (auto rest = splitter.Next(); rest.kind != Section::Kind::End; rest = splitter.Next()) {
+    if (rest.kind == Section::Kind::Statement) ++statements;
+    if (rest.command == CommandKind::Include || rest.command == CommandKind::IncludeBeside) ++files;
+  }
+  auto const count = [](std::size_t number, std::string const& what) {
+    return number == 0 ? std::string() : std::to_string(number) + what + (number == 1 ? "" : "s");
+  };
+  auto left = count(statements, " statement");
+  if (statements > 0 && files > 0) left += " and ";
+  left += count(files, " included file");
+  if (left.empty()) return;
+  std::string const by = section.command == CommandKind::Exit ? "EXIT" : "EXIT of an included file";
+  Report(DiagnosticKind::Note, place, section.start,
+         by + " ends the script; left out behind it: " + left);
+  Flush(0);
+}
+
+void ScriptReader::NoteVariables(Place const& place, Section const& section) {
   auto const text = place.text.substr(0, section.stop);
   bool const holds_password = HoldsPassword(section, place.text);
   Lexer lexer(text);
   lexer.MoveTo(section.start);
   Token token;
-  for (auto use = sqlplus_.FindUndefined(text, section.start); !use.name.empty();
-       use = sqlplus_.FindUndefined(text, use.end)) {
+  for (auto use = sqlplus_.FindNotable(text, section.start); use.end != 0;
+       use = sqlplus_.FindNotable(text, use.end)) {
     while (token.end() <= use.start && lexer.Offset() < section.stop) token = lexer.Next();
-    bool const in_code = token.offset <= use.start && use.start < token.end() &&
-                         token.kind != TokenKind::String && token.kind != TokenKind::Fault;
-    if (!in_code) continue;
+    bool const in_token =
+        token.offset <= use.start && use.start < token.end() && token.kind != TokenKind::Fault;
+    bool const in_text = token.kind == TokenKind::String;
+    if (!in_token || (in_text && !sqlplus_.IsNamed(use.name))) continue;
     // In the midst of a word it may as well be a part of a password.
     bool const starts_word =
         use.start == token.offset + (token.kind == TokenKind::QuotedName ? 1U : 0U);
-    if (holds_password && !starts_word) continue;
-    if (!undefined_.insert(use.name).second) continue;
-    Report(DiagnosticKind::Note, place, use.start,
-           "variable " + use.name + " has no value; it stays as it is written");
+    if (holds_password && !in_text && !starts_word) continue;
+    Report(DiagnosticKind::Note, place, use.start, sqlplus_.NoteOn(use.name));
   }
 }
 

@@ -124,15 +124,26 @@ struct ReadResult : ReadPiece {
 };
 
 struct ReadOptions {
-  std::map<std::string, std::string> defines;  // substitution variables, names in upper case
-  // The text of an included file (@name, or @@name with the including script's name as the second
-  // argument, which is empty otherwise); nothing when it cannot be read. Null: includes are noted.
-  struct Included {
-    std::string name;
-    std::string text;
+  // Values of substitution variables, names in upper case: the answers wherever SQL*Plus would ask
+  // for one.
+  std::map<std::string, std::string> defines;
+  // What scripts have defined; it comes first, and holds for the scripts read after.
+  std::map<std::string, std::string> variables;
+
+  // What @name and @@name ask for.
+  struct Request {
+    std::string name;     // as the script has it, with the suffix
+    std::string from;     // the name of the script or included file that holds the command
+    bool beside = false;  // @@: only beside that file
   };
-  std::function<std::optional<Included>(std::string const& name, std::string const& beside)>
-      include;
+  struct Included {
+    std::string name;  // for messages; a file that is asked for again has the same one
+    std::string text;
+    std::string problem{};  // why the file is left out, as the end of a note; empty: it is here
+  };
+  // Finds an included file; nothing when it cannot be read. Which places it may look at is for the
+  // host to decide: scripts can name any file. Null: includes are noted.
+  std::function<std::optional<Included>(Request const&)> include;
   // Takes over what was read of a script each time it is worth the call, and its last part, so that
   // a script of any length can be worked on while it is read. What it is given stays valid as long
   // as the result. No line that holds a statement or diagnostic handed over has parts still unread,
@@ -141,8 +152,8 @@ struct ReadOptions {
   std::atomic<bool> const* stop = nullptr;  // when it turns true, reading ends after a statement
 };
 
-// Reads one script, appending to the result. Never throws for what a script holds; DEFINE commands
-// of the script add to the variables for the scripts read after it.
+// Reads one script, appending to the result. Never throws for what a script holds; its DEFINE
+// commands change the variables of the options.
 void ReadScript(std::string name, std::string text, ReadOptions& options, ReadResult& result);
 
 }  // namespace repora::reader

@@ -18,8 +18,7 @@ Section Splitter::Next() {
   for (;;) {
     auto const first = lexer_.Next();
     if (first.kind == TokenKind::End) return section;
-    if (first.punctuation == ';') continue;
-    if ((first.punctuation == '/' || first.punctuation == '.') && IsLoneOnLine(first)) continue;
+    if (IsEmptyStatement(first)) continue;
     section.start = first.offset;
     section.fault.offset = first.offset;
     if (!ReadCommand(first, section)) ReadStatement(first, section);
@@ -28,26 +27,34 @@ Section Splitter::Next() {
 }
 
 bool Splitter::ReadCommand(Token const& first, Section& section) {
-  if (first.kind != TokenKind::Word && first.punctuation != '@' && first.punctuation != '!')
+  if (first.word == K_CREATE || first.word == K_ALTER || first.word == K_INSERT ||
+      first.word == K_COMMENT)
     return false;
-  if (first.word == K_CREATE || first.word == K_ALTER || first.word == K_INSERT) return false;
-  auto const word = TextAt(first);
-  section.command = FindCommand(word);
+  section.command = CommandAt(text_, first.offset);
   if (section.command == CommandKind::None) return false;
-  if (section.command == CommandKind::Set) {
-    auto const start = lexer_.Offset();
-    auto const option = lexer_.Next().word;
-    lexer_.MoveTo(start);
-    if (option == K_ROLE || option == K_TRANSACTION || option == K_CONSTRAINT ||
-        option == K_CONSTRAINTS)
-      return false;
-  }
-  if (word == "@" && text_.substr(first.offset).starts_with("@@"))
-    section.command = CommandKind::IncludeBeside;
   section.kind = Section::Kind::Command;
   section.end = section.stop = CommandEnd(text_, first.offset, section.command);
+  if (section.command == CommandKind::Execute) ReadExecute(section);
   lexer_.MoveTo(section.end);
   return true;
+}
+
+// EXECUTE is short for a PL/SQL block.
+void Splitter::ReadExecute(Section& section) {
+  section.kind = Section::Kind::Statement;
+  section.statement = &BlockKind();
+  tokens_.clear();
+  Lexer line(text_.substr(0, section.end));
+  line.MoveTo(section.start);
+  auto token = line.Next();
+  for (; token.kind != TokenKind::End && token.kind != TokenKind::Fault; token = line.Next()) {
+    section.has_password = section.has_password || token.word == K_IDENTIFIED;
+    ++section.words;
+    if (tokens_.size() < kTokensOfName) tokens_.push_back(token);
+  }
+  Token end;
+  end.offset = static_cast<std::uint32_t>(section.end);
+  tokens_.push_back(end);
 }
 
 void Splitter::ReadStatement(Token const& first, Section& section) {
@@ -60,6 +67,7 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
   bool keep_all = false;
   auto last_end = first.offset;
   for (auto token = first;; token = lexer_.Next()) {
+    CutTerminator(token);
     if (finding && !finder_.Take(token)) {
       finding = false;
       if (auto const* const kind = finder_.Kind()) {
@@ -134,9 +142,9 @@ Token Splitter::FindNul(Token const& first, std::size_t end) const {
 }
 
 bool Splitter::EndsStatement(Token const& token, Extent extent) {
-  if (token.punctuation == '/') return IsLoneOnLine(token);
-  if (extent != Extent::Plsql) return token.punctuation == ';';
+  if (token.punctuation == '/') return IsLoneOnLine(token) || IsRunLine(token);
   if (token.punctuation == '.' && IsLoneOnLine(token)) return true;
+  if (extent != Extent::Plsql) return IsTerminator(token);
   bool const closed = blocks_.Take(token);
   if (token.punctuation != ';') return false;
   auto const start = lexer_.Offset();
@@ -158,23 +166,60 @@ bool Splitter::StartsSection(std::size_t offset) const {
     if (first) {
       if (token.kind == TokenKind::End) return true;
       if (token.kind == TokenKind::Fault) return token.fault() == LexicalFault::OpenComment;
-      if ((token.punctuation == '/' || token.punctuation == '.') && IsLoneOnLine(token))
-        return true;
-      if (token.punctuation == '@' || token.punctuation == '!') return true;
-      if (token.kind == TokenKind::Word && FindCommand(TextAt(token)) != CommandKind::None)
-        return true;
+      if (token.punctuation != ';' && IsEmptyStatement(token)) return true;
+      if (CommandAt(text_, token.offset) != CommandKind::None) return true;
     }
     if (!finder.Take(token)) return finder.Kind() != nullptr;
   }
 }
 
-bool Splitter::IsLoneOnLine(Token const& token) const {
+bool Splitter::StartsLine(Token const& token) const {
   std::size_t before = token.offset;
   while (before > 0 && IsBlank(text_[before - 1])) --before;
-  if (before > 0 && !IsLineEnd(text_[before - 1])) return false;
+  return before == 0 || IsLineEnd(text_[before - 1]);
+}
+
+bool Splitter::EndsLine(Token const& token) const {
   std::size_t after = token.end();
   while (after < text_.size() && IsBlank(text_[after])) ++after;
   return after == text_.size() || IsLineEnd(text_[after]);
+}
+
+// Whether a token where a statement may start is what ends one. Behind a "/" there may be a comment
+// or a ";", as long as it cannot be a division.
+bool Splitter::IsEmptyStatement(Token const& token) const {
+  if (token.punctuation == ';' || IsTerminator(token)) return true;
+  if (token.punctuation == '.') return IsLoneOnLine(token);
+  if (token.punctuation != '/' || !StartsLine(token)) return false;
+  auto rest = text_.substr(token.end());
+  while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
+  return EndsLine(token) || rest.starts_with(';') || rest.starts_with("--") ||
+         rest.starts_with("/*");
+}
+
+// Whether a "/" in a statement ends it although a comment or a ";" follows on the line: only then
+// can it have a statement or nothing behind it.
+bool Splitter::IsRunLine(Token const& token) const {
+  if (!IsEmptyStatement(token)) return false;
+  Lexer lexer(text_.substr(0, LineEnd(text_, token.end())));
+  lexer.MoveTo(token.end());
+  return lexer.Next().punctuation == ';' || StartsSection(token.end());
+}
+
+bool Splitter::IsTerminator(Token const& token) const {
+  if (terminator_ == ';') return token.punctuation == ';';
+  return terminator_ != '\0' && TextAt(token) == std::string_view(&terminator_, 1) &&
+         EndsLine(token);
+}
+
+// Takes a terminator such as "#", which may be a part of a name, off the last word of a line.
+void Splitter::CutTerminator(Token& token) {
+  if (terminator_ == ';' || token.kind != TokenKind::Word || token.length < 2 ||
+      text_[token.end() - 1] != terminator_ || !EndsLine(token))
+    return;
+  --token.length;
+  token.word = FindWord(TextAt(token));
+  lexer_.MoveTo(token.end());
 }
 
 // Moves to the "/" line behind foreign source text, or to the end.

@@ -33,6 +33,10 @@ class Splitter {
   explicit Splitter(std::string_view text)
       : text_(text), has_nul_(text.find('\0') != text.npos), lexer_(text) {}
 
+  // What ends an SQL statement from here on besides a "/" line; NUL: nothing. A ";" does so
+  // anywhere, another character at the end of a line.
+  void SetTerminator(char terminator) { terminator_ = terminator; }
+
   // The next section. Throws nothing.
   Section Next();
 
@@ -42,12 +46,19 @@ class Splitter {
 
  private:
   bool ReadCommand(Token const& first, Section& section);
+  void ReadExecute(Section& section);
   void ReadStatement(Token const& first, Section& section);
   Token FindNul(Token const& first, std::size_t end) const;
   bool EndsStatement(Token const& token, Extent extent);
   bool IsWrapped(Extent extent) const;
   bool StartsSection(std::size_t offset) const;
-  bool IsLoneOnLine(Token const& token) const;
+  bool StartsLine(Token const& token) const;
+  bool EndsLine(Token const& token) const;
+  bool IsLoneOnLine(Token const& token) const { return StartsLine(token) && EndsLine(token); }
+  bool IsEmptyStatement(Token const& token) const;
+  bool IsRunLine(Token const& token) const;
+  bool IsTerminator(Token const& token) const;
+  void CutTerminator(Token& token);
   void SkipSource();
   void SkipWrapped();
   std::size_t FindRestart(std::size_t offset) const;
@@ -57,6 +68,7 @@ class Splitter {
 
   std::string_view text_;
   bool has_nul_;
+  char terminator_ = ';';
   Lexer lexer_;
   PlsqlBlocks blocks_;
   KindFinder finder_;

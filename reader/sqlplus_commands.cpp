@@ -1,6 +1,9 @@
 #include "reader/sqlplus_commands.h"
 
+#include <algorithm>
+
 #include "reader/characters.h"
+#include "repora/core/letters.h"
 
 namespace repora::reader {
 namespace {
@@ -13,7 +16,7 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {"REMARK", 3, CommandKind::Remark},
-    {"PROMPT", 3},
+    {"PROMPT", 3, CommandKind::Text},
     {"SET", 3, CommandKind::Set},
     {"DEFINE", 3, CommandKind::Define},
     {"UNDEFINE", 5, CommandKind::Undefine},
@@ -21,13 +24,13 @@ constexpr Command kCommands[] = {
     {"SPOOL", 3},
     {"CONNECT", 4},
     {"DISCONNECT", 4},
-    {"EXIT", 4},
-    {"QUIT", 4},
+    {"EXIT", 4, CommandKind::Exit},
+    {"QUIT", 4, CommandKind::Exit},
     {"WHENEVER", 8},
-    {"EXECUTE", 4},
+    {"EXECUTE", 4, CommandKind::Execute},
     {"SHOW", 3},
-    {"COLUMN", 3},
-    {"ACCEPT", 3},
+    {"COLUMN", 3, CommandKind::Column},
+    {"ACCEPT", 3, CommandKind::Accept},
     {"PAUSE", 3},
     {"HOST", 2},
     {"VARIABLE", 3},
@@ -44,6 +47,7 @@ constexpr Command kCommands[] = {
     {"STORE", 5},
     {"PASSWORD", 5},
     {"ARCHIVE", 7},
+    {"ATTRIBUTE", 4},
     {"STARTUP", 7},
     {"SHUTDOWN", 8},
     {"RECOVER", 7},
@@ -51,33 +55,125 @@ constexpr Command kCommands[] = {
     {"EDIT", 2},
     {"GET", 3},
     {"HELP", 4},
-    {"LIST", 4},
-    {"RUN", 3},
+    {"HISTORY", 4},
+    {"LIST", 1},
+    {"RUN", 1},
     {"SAVE", 3},
 };
 
-// Whether a word is a name or the beginning of it, whatever its case.
-bool Abbreviates(std::string_view word, std::string_view name) {
-  if (word.size() > name.size()) return false;
-  for (std::size_t i = 0; i < word.size(); ++i)
-    if (UpperAscii(word[i]) != name[i]) return false;
-  return true;
+constexpr bool IsLetter(char c) {
+  auto const upper = UpperAscii(c);
+  return (upper >= 'A' && upper <= 'Z') || c == '_';
+}
+
+// The word at the start of a text.
+std::string_view WordOf(std::string_view text) {
+  auto const* const end = std::find_if_not(text.begin(), text.end(), IsLetter);
+  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+std::string_view TrimLeft(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  return text;
+}
+
+std::string_view TrimRight(std::string_view text) {
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> names) {
+  return std::any_of(names.begin(), names.end(),
+                     [&](std::string_view name) { return EqualsIgnoringCase(word, name); });
+}
+
+// Whether the rest of a line can follow the name of a command.
+bool CanFollow(std::string_view rest, Command const& command) {
+  char const next = rest.empty() ? ' ' : rest.front();
+  if (IsNameByte(static_cast<unsigned char>(next))) return false;
+  if (command.kind == CommandKind::Text || command.kind == CommandKind::Remark) return true;
+  if (next == '.' || next == '(' || next == '%') return false;
+  rest = TrimLeft(rest);
+  if (rest.starts_with(":=")) return false;
+  auto const word = WordOf(rest);
+  switch (command.kind) {
+    case CommandKind::Set:
+      return !IsOneOf(word, {"ROLE", "TRANSACTION", "CONSTRAINT", "CONSTRAINTS"});
+    case CommandKind::Exit: return !IsOneOf(word, {"WHEN"});
+    default: break;
+  }
+  // One letter is too little to be sure by.
+  if (command.shortest > 1) return true;
+  if (IsOneOf(word, {"LAST"})) rest.remove_prefix(word.size());
+  return rest.find_first_not_of("0123456789* \t;") == std::string_view::npos;
+}
+
+// Whether a line that starts with "$" is for the operating system, and is neither conditional
+// compilation nor a placeholder of a migration tool.
+bool IsHost(std::string_view line) {
+  line.remove_prefix(1);
+  return !line.starts_with('{') && !line.starts_with('$') &&
+         !IsOneOf(WordOf(line), {"IF", "THEN", "ELSE", "ELSIF", "END", "ERROR"});
+}
+
+// Whether what starts behind a blank is a comment behind a command. Rules of dashes are none, and
+// neither is a last "--", which scripts give to a variable to comment lines out.
+bool IsComment(std::string_view text) {
+  return text.starts_with("/*") || (text.starts_with("--") && text.size() > 2 && text[2] != '-');
 }
 
 // Whether a line ends in the "-" that continues a command. Rules of dashes are drawn with PROMPT
 // more often than lines are continued behind one, so a "-" behind another does not count.
 bool IsContinued(std::string_view line) {
-  while (!line.empty() && IsBlank(line.back())) line.remove_suffix(1);
+  line = TrimRight(line);
   return line.ends_with('-') && !line.ends_with("--");
+}
+
+// The end of a quoted word, behind its quote; a doubled quote does not end it.
+std::size_t QuoteEnd(std::string_view line, std::size_t start) {
+  auto end = start + 1;
+  while ((end = line.find(line[start], end)) != std::string_view::npos) {
+    if (line.substr(end + 1, 1) != line.substr(start, 1)) return end + 1;
+    end += 2;
+  }
+  return line.size();
+}
+
+// What stands between quotes, where a doubled one is one.
+std::string Unquoted(std::string_view quoted) {
+  char const quote = quoted.front();
+  quoted.remove_prefix(1);
+  if (!quoted.empty() && quoted.back() == quote) quoted.remove_suffix(1);
+  std::string text;
+  for (std::size_t i = 0; i < quoted.size(); ++i) {
+    text += quoted[i];
+    if (quoted[i] == quote && i + 1 < quoted.size()) ++i;
+  }
+  return text;
+}
+
+constexpr bool IsQuote(char c) {
+  return c == '\'' || c == '"';
 }
 
 }  // namespace
 
-CommandKind FindCommand(std::string_view word) {
-  if (word == "@" || word == "!" || word == "$")
-    return word == "@" ? CommandKind::Include : CommandKind::Other;
+bool Abbreviates(std::string_view word, std::string_view name, std::size_t shortest) {
+  return word.size() >= shortest && word.size() <= name.size() &&
+         std::equal(word.begin(), word.end(), name.begin(),
+                    [](char a, char b) { return UpperAscii(a) == b; });
+}
+
+CommandKind CommandAt(std::string_view text, std::size_t offset) {
+  auto const line = text.substr(offset, LineEnd(text, offset) - offset);
+  if (line.starts_with("@@")) return CommandKind::IncludeBeside;
+  if (line.starts_with('@')) return CommandKind::Include;
+  if (line.starts_with('!')) return CommandKind::Other;
+  if (line.starts_with('$')) return IsHost(line) ? CommandKind::Other : CommandKind::None;
+  auto const word = WordOf(line);
   for (auto const& command : kCommands)
-    if (word.size() >= command.shortest && Abbreviates(word, command.name)) return command.kind;
+    if (Abbreviates(word, command.name, command.shortest))
+      return CanFollow(line.substr(word.size()), command) ? command.kind : CommandKind::None;
   return CommandKind::None;
 }
 
@@ -91,44 +187,56 @@ std::size_t CommandEnd(std::string_view text, std::size_t start, CommandKind kin
   return end;
 }
 
-std::vector<std::string> CommandWords(std::string_view command) {
-  std::vector<std::string> words;
-  while (!command.empty() && IsBlank(command.back())) command.remove_suffix(1);
-  if (command.ends_with(';')) command.remove_suffix(1);
-  std::size_t at = 0;
-  auto const is_space = [&](std::size_t i) { return IsBlank(command[i]) || IsLineEnd(command[i]); };
-  while (at < command.size() && command[at] == '@') ++at;
-  bool const include = at > 0;
-  while (at < command.size()) {
-    if (is_space(at)) {
-      ++at;
-      continue;
-    }
-    auto const rest = command.substr(at);
-    if (rest.starts_with("--") || rest.starts_with("/*")) break;
-    if (rest.front() == '-' && IsContinued(rest.substr(0, LineEnd(rest, 0))) &&
-        (rest.size() == 1 || is_space(at + 1))) {
-      ++at;
-      continue;
-    }
-    std::string word;
-    char const quote = rest.front();
-    if (quote == '\'' || quote == '"') {
-      auto const end = command.find(quote, at + 1);
-      word = command.substr(at + 1, end == std::string_view::npos ? end : end - at - 1);
-      at = end == std::string_view::npos ? command.size() : end + 1;
-    } else if (quote == '=') {
-      word = "=";
-      ++at;
-    } else {
-      auto const start = at;
-      while (at < command.size() && !is_space(at) && (include || command[at] != '=')) ++at;
-      word = command.substr(start, at - start);
-    }
-    words.push_back(std::move(word));
+std::string CommandLine(std::string_view command) {
+  std::string line;
+  for (std::size_t start = 0; start < command.size();) {
+    auto const end = LineEnd(command, start);
+    auto part = TrimRight(command.substr(start, end - start));
+    if (IsContinued(part)) part.remove_suffix(1);
+    line.append(part);
+    start = AfterLineEnd(command, end);
+    if (start < command.size()) line += ' ';
   }
-  if (!include && !words.empty()) words.erase(words.begin());
+  for (std::size_t i = 0; i < line.size(); i = IsQuote(line[i]) ? QuoteEnd(line, i) : i + 1) {
+    auto const rest = std::string_view(line).substr(i);
+    if (i > 0 && IsBlank(line[i - 1]) && IsComment(rest)) line.resize(i);
+  }
+  auto text = TrimRight(line);
+  if (text.ends_with(';')) text = TrimRight(text.substr(0, text.size() - 1));
+  line.resize(text.size());
+  return line;
+}
+
+std::vector<std::string> CommandWords(std::string_view line) {
+  std::vector<std::string> words;
+  bool const include = line.starts_with('@');
+  auto const first = include ? line.find_first_not_of('@') : WordOf(line).size();
+  for (auto at = std::min(first, line.size()); at < line.size();) {
+    if (IsBlank(line[at])) {
+      ++at;
+    } else if (IsQuote(line[at])) {
+      auto const end = QuoteEnd(line, at);
+      words.push_back(Unquoted(line.substr(at, end - at)));
+      at = end;
+    } else {
+      auto const end = std::min(line.find_first_of(" \t", at), line.size());
+      words.emplace_back(line.substr(at, end - at));
+      at = end;
+    }
+  }
   return words;
+}
+
+Definition ReadDefinition(std::string_view line) {
+  line = TrimLeft(line.substr(WordOf(line).size()));
+  auto const equals = line.find('=');
+  if (equals == std::string_view::npos) return {};
+  auto const name = TrimRight(line.substr(0, equals));
+  if (name.empty() || name.find_first_of(" \t'\"") != std::string_view::npos) return {};
+  auto const value = TrimLeft(line.substr(equals + 1));
+  if (value.empty()) return {};
+  bool const quoted = IsQuote(value.front()) && QuoteEnd(value, 0) == value.size();
+  return {name, quoted ? Unquoted(value) : std::string(value)};
 }
 
 }  // namespace repora::reader

@@ -153,9 +153,9 @@ constexpr StatementKind kKinds[] = {
     Outside({K_BEGIN}, Extent::Plsql),
 };
 
-// A block may start with a label.
-constexpr StatementKind const& kLabelledBlock = kKinds[std::size(kKinds) - 1];
-static_assert(kLabelledBlock.words[0] == K_BEGIN);
+// A block, which may also start with a label.
+constexpr StatementKind const& kBlock = kKinds[std::size(kKinds) - 1];
+static_assert(kBlock.words[0] == K_BEGIN);
 
 // Words between CREATE or ALTER and what is created.
 bool IsModifier(Word word) {
@@ -223,12 +223,16 @@ std::string const& StatementKind::Name() const {
   return names[static_cast<std::size_t>(this - kKinds)];
 }
 
+StatementKind const& BlockKind() {
+  return kBlock;
+}
+
 bool KindFinder::Take(Token const& token) {
   ++tokens_;
   if (words_ == 0) {
     if (token.punctuation == '(') return true;  // (SELECT ...
     if (token.punctuation == kLabelStart) {
-      kind_ = &kLabelledBlock;
+      kind_ = &kBlock;
       return false;
     }
     first_ = std::begin(kKinds);

@@ -26,6 +26,9 @@ struct StatementKind {
   std::string const& Name() const;
 };
 
+// The kind of PL/SQL blocks without a name.
+StatementKind const& BlockKind();
+
 // Finds the kind of a statement from its first tokens, handed in one by one.
 class KindFinder {
  public:

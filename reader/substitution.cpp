@@ -28,40 +28,27 @@ void ExpandedText::AppendValue(std::string_view value, std::size_t origin) {
   text_ += value;
 }
 
-VariableUse FindVariable(std::string_view text, std::size_t offset, char prefix) {
-  while ((offset = text.find(prefix, offset)) != std::string_view::npos) {
+VariableUse FindVariable(std::string_view text, std::size_t offset, VariableMarks const& marks) {
+  auto const is_name = [&](char c) {
+    return IsNameByte(static_cast<unsigned char>(c)) && c != marks.prefix && c != marks.concat;
+  };
+  if (marks.prefix == '\0') return {};
+  while ((offset = text.find(marks.prefix, offset)) != std::string_view::npos) {
     VariableUse use;
     use.start = offset;
     auto name = offset + 1;
-    if (name < text.size() && text[name] == prefix) ++name;
+    if (marks.escape != '\0' && offset > 0 && text[offset - 1] == marks.escape)
+      return {offset - 1, name, {}};
+    if (name < text.size() && text[name] == marks.prefix) ++name;
     use.end = name;
-    while (use.end < text.size() && IsNameByte(static_cast<unsigned char>(text[use.end])))
-      ++use.end;
+    while (use.end < text.size() && is_name(text[use.end])) ++use.end;
     offset = use.end;
     if (use.end == name) continue;
     use.name = ToUpper(text.substr(name, use.end - name));
-    if (use.end < text.size() && text[use.end] == '.') ++use.end;
+    if (marks.concat != '\0' && use.end < text.size() && text[use.end] == marks.concat) ++use.end;
     return use;
   }
   return {};
-}
-
-bool Expand(std::string_view text, std::size_t origin, char prefix, Defines const& defines,
-            ExpandedText& expanded) {
-  if (defines.empty()) return false;
-  std::size_t done = 0;
-  bool found = false;
-  for (auto use = FindVariable(text, 0, prefix); !use.name.empty();
-       use = FindVariable(text, use.end, prefix)) {
-    auto const define = defines.find(use.name);
-    if (define == defines.end()) continue;
-    expanded.Append(text.substr(done, use.start - done), origin + done);
-    expanded.AppendValue(define->second, origin + use.start);
-    done = use.end;
-    found = true;
-  }
-  if (found) expanded.Append(text.substr(done), origin + done);
-  return found;
 }
 
 }  // namespace repora::reader

@@ -31,19 +31,22 @@ class ExpandedText {
   std::vector<Part> parts_;
 };
 
-// One use of a variable in a text: &name, &&name, with the dot that may end the name.
-struct VariableUse {
-  std::size_t start = 0;
-  std::size_t end = 0;
-  std::string name;  // in upper case
+// The characters that mark variables; NUL: there is no such mark.
+struct VariableMarks {
+  char prefix = '&';
+  char concat = '.';   // ends a name and goes with it
+  char escape = '\0';  // before a prefix that is to stay, and goes
 };
 
-// The next use of a variable at or behind an offset; empty name: none.
-VariableUse FindVariable(std::string_view text, std::size_t offset, char prefix);
+// One use of a variable in a text: &name, &&name, with the dot that may end the name. An escaped
+// prefix is one without a name.
+struct VariableUse {
+  std::size_t start = 0;
+  std::size_t end = 0;  // 0: there is none
+  std::string name;     // in upper case
+};
 
-// Replaces every variable that has a value; origin is that of the text's first byte. False when
-// there is none, and nothing was done.
-bool Expand(std::string_view text, std::size_t origin, char prefix, Defines const& defines,
-            ExpandedText& expanded);
+// The next use of a variable at or behind an offset.
+VariableUse FindVariable(std::string_view text, std::size_t offset, VariableMarks const& marks);
 
 }  // namespace repora::reader

@@ -414,22 +414,6 @@ TEST_F(Cli, SeveralScriptsAreOneRun) {
   EXPECT_TRUE(Contains(folder.Read("o.json"), R"("pIncrement":"5")"));
 }
 
-TEST_F(Cli, IncludedFilesAreFoundByTheRulesOfSqlPlus) {
-  folder.Write("deep/main.sql", "@here\n@there.sql\n@@sub/beside\n@nowhere\nCREATE SEQUENCE Z;\n");
-  folder.Write("here.sql", "CREATE SEQUENCE HERE;\n");
-  folder.Write("deep/here.sql", "CREATE SEQUENCE NOT_HERE;\n");
-  folder.Write("deep/there.sql", "CREATE SEQUENCE THERE;\n");
-  folder.Write("deep/sub/beside.sql", "CREATE SEQUENCE BESIDE;\n@@next\n");
-  folder.Write("deep/sub/next.sql", "CREATE SEQUENCE BESIDE;\n");
-  auto const result = Run({"render", "deep/main.sql"});
-  EXPECT_EQ(result.out,
-            "CREATE SEQUENCE HERE;\n/\nCREATE SEQUENCE THERE;\n/\nCREATE SEQUENCE BESIDE;\n/\n"
-            "CREATE SEQUENCE BESIDE;\n/\nCREATE SEQUENCE Z;\n/\n");
-  EXPECT_TRUE(Contains(result.err, "deep/main.sql:4:1: note: nowhere.sql is left out"))
-      << result.err;
-  EXPECT_TRUE(Contains(Run({"import", "deep/main.sql"}).err, "deep/sub/next.sql:1:1: duplicate"));
-}
-
 TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
   struct Input {
     char const* what;
