@@ -68,6 +68,10 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
   auto last_end = first.offset;
   for (auto token = first;; token = lexer_.Next()) {
     CutTerminator(token);
+    if (token.offset != first.offset && StartsLogin(token)) {
+      lexer_.MoveTo(token.offset);
+      break;
+    }
     if (finding && !finder_.Take(token)) {
       finding = false;
       if (auto const* const kind = finder_.Kind()) {
@@ -220,6 +224,13 @@ void Splitter::CutTerminator(Token& token) {
   --token.length;
   token.word = FindWord(TextAt(token));
   lexer_.MoveTo(token.end());
+}
+
+// Whether a token is a CONNECT with a password behind a statement that was not ended: what shows
+// statements must not show it.
+bool Splitter::StartsLogin(Token const& token) const {
+  return token.kind == TokenKind::Word && UpperAscii(text_[token.offset]) == 'C' &&
+         StartsLine(token) && IsLogin(text_, token.offset);
 }
 
 // Moves to the "/" line behind foreign source text, or to the end.

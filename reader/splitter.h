@@ -59,6 +59,7 @@ class Splitter {
   bool IsRunLine(Token const& token) const;
   bool IsTerminator(Token const& token) const;
   void CutTerminator(Token& token);
+  bool StartsLogin(Token const& token) const;
   void SkipSource();
   void SkipWrapped();
   std::size_t FindRestart(std::size_t offset) const;

@@ -177,6 +177,17 @@ CommandKind CommandAt(std::string_view text, std::size_t offset) {
   return CommandKind::None;
 }
 
+bool IsLogin(std::string_view text, std::size_t offset) {
+  auto const line = text.substr(offset, LineEnd(text, offset) - offset);
+  auto const word = WordOf(line);
+  if (!Abbreviates(word, "CONNECT", 4)) return false;
+  auto const login = TrimLeft(line.substr(word.size()));
+  auto const user = login.starts_with('"') ? QuoteEnd(login, 0) : login.find_first_of("/ \t");
+  if (user == 0 || user >= login.size() || login[user] != '/') return false;
+  auto const password = login.substr(user + 1);
+  return !password.empty() && !IsBlank(password.front()) && password.front() != '*';
+}
+
 std::size_t CommandEnd(std::string_view text, std::size_t start, CommandKind kind) {
   auto end = LineEnd(text, start);
   while (kind != CommandKind::Remark && end < text.size() &&

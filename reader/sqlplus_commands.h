@@ -30,6 +30,9 @@ enum class CommandKind : std::uint8_t {
 // and EXIT WHEN is a piece of PL/SQL.
 CommandKind CommandAt(std::string_view text, std::size_t offset);
 
+// Whether a CONNECT with a password stands at an offset, which is no CONNECT BY.
+bool IsLogin(std::string_view text, std::size_t offset);
+
 // The end of the command that starts at an offset: that of its line, or of the line that a "-" at
 // the end of the one before continues. The line end is not part of it.
 std::size_t CommandEnd(std::string_view text, std::size_t start, CommandKind kind);
