@@ -94,7 +94,8 @@ void SkipAlterClauseAs(TokenStream& in, std::string_view note) {
 
 // column | constraint | ref_constraint | SUPPLEMENTAL LOG ... | PERIOD FOR ...
 void ParseAddedInList(TokenStream& in, REPAlterTable& table) {
-  if (SkipPeriod(in)) return;
+  if (SkipPeriod(in) || SkipDomain(in)) return;
+  SkipIfNotExists(in);
   if (IsSupplementalLogging(in)) {
     auto clause = std::make_unique<REPAddColumnClause>();
     clause->SetSuppLogProps(ParseSupplementalLogging(in).release());
@@ -183,8 +184,6 @@ void ParseAlterLogging(TokenStream& in, REPAlterTable& table, REPSuppLog_e mode)
 void ParseModifiedColumn(TokenStream& in, REPAlterTable& table) {
   auto const mark = in.Mark();
   auto const column = ParseColumn(in);
-  auto const& token = in.Peek();
-  if (in.Accept(K_DROP, K_IDENTITY)) in.Note(token, "DROP IDENTITY is skipped");
   bool const has_storage = IsLobStorage(in);
   if (in.Mark() == mark + 1) in.Fail("a datatype, DEFAULT or a constraint");
   // Nothing is left of a column of which everything was skipped.
@@ -266,6 +265,7 @@ Target ParseTarget(TokenStream& in) {
   if (in.Accept(K_PRIMARY, K_KEY)) return {REPModifyConstr_e::PrimaryKey, nullptr, nullptr};
   if (in.Accept(K_UNIQUE)) return {REPModifyConstr_e::Unique, nullptr, ParseNameList(in)};
   in.Expect(K_CONSTRAINT);
+  SkipIfExists(in);
   return {REPModifyConstr_e::Constraint, ParseName(in), nullptr};
 }
 
@@ -358,6 +358,7 @@ void ParseDropColumns(TokenStream& in, REPAlterTable& table) {
     clause->SetDrop(REPDrop_e::ColumnsContinue);
   } else {
     if (!in.Accept(K_COLUMN) && !in.Is('(')) in.Fail("COLUMN, CONSTRAINT or '('");
+    SkipIfExists(in);
     clause->SetDrop(REPDrop_e::Columns);
     clause->SetColumns(ParseColumnNames(in).release());
   }
@@ -413,8 +414,6 @@ void ParseAlterAdd(TokenStream& in, REPAlterTable& table) {
     std::unique_ptr<REPAddOverflowClause> const replaced(properties.GetIOTAddOverflowClause());
     properties.SetIOT(REPIOT_e::AddOverflow);
     properties.SetIOTAddOverflowClause(clause.release());
-  } else if (in.Is(K_PERIOD, K_FOR)) {
-    SkipAlterClauseAs(in, "clause PERIOD is skipped");
   } else {
     ParseOneOrMore(in, [&] { ParseAddedInList(in, table); });
     ParseAddedProperties(in, table);
@@ -448,7 +447,7 @@ void ParseAlterDrop(TokenStream& in, REPAlterTable& table) {
   else if (in.Is(K_SUPPLEMENTAL, K_LOG))
     ParseAlterLogging(in, table, REPSuppLog_e::Drop);
   else if (in.Is('(') && in.Peek(1).word == K_PERIOD && in.Peek(2).word == K_FOR)
-    SkipAlterClauseAs(in, "clause PERIOD is skipped");
+    SkipAlterClauseAs(in, "clause PERIOD FOR is skipped");
   else
     ParseDropColumns(in, table);
 }

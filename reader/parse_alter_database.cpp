@@ -460,8 +460,7 @@ std::unique_ptr<REPStatement> ParseAlterDatabase(TokenStream& in) {
   auto alter = std::make_unique<REPAlterDatabase>();
   alter->SetStatementType(REPStatement_e::AlterDatabase);
   in.Expect(K_ALTER, K_DATABASE);
-  auto const& start = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(start, "IF EXISTS is skipped");
+  SkipIfExists(in);
   if (IsName(in.Peek()) && !FindClause(in.Peek().word))
     alter->SetDatabaseName(ParseName(in)->AsString(false).c_str());
   auto const& token = in.Peek();

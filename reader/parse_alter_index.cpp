@@ -299,8 +299,7 @@ std::unique_ptr<REPStatement> ParseAlterIndex(TokenStream& in) {
   auto index = std::make_unique<REPAlterIndex>();
   index->SetStatementType(REPStatement_e::AlterIndex);
   in.Expect(K_ALTER, K_INDEX);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   index->SetIndexName(ParseName(in).release());
   while (!in.AtEnd()) {
     if (!index->GetRebuildClause() && in.Accept(K_REBUILD)) {

@@ -240,8 +240,7 @@ std::unique_ptr<REPStatement> ParseAlterMaterializedView(TokenStream& in) {
   view->SetStatementType(REPStatement_e::AlterMaterializedView);
   in.Expect(K_ALTER);
   ExpectMaterializedView(in);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   view->SetViewName(ParseName(in).release());
   Changes changes;
   do changes.any = ParseAlterClause(in, *view, changes) || changes.any;

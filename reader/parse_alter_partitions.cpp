@@ -11,6 +11,7 @@
 #include "reader/parse_partitions.h"
 #include "reader/parse_storage.h"
 #include "reader/replace.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/tables/alter_partitions.h"
 #include "repora/tables/table_organisation.h"
@@ -78,10 +79,7 @@ void ParseTails(TokenStream& in, Clause& clause) {
       in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
     } else if (in.Accept(K_ALLOW, K_CLUSTERING) || in.Accept(K_DISALLOW, K_CLUSTERING)) {
       in.Note(token, "clause CLUSTERING is skipped");
-    } else if (in.Is(K_INCLUDING, K_ROWS)) {
-      in.Note(token, "clause INCLUDING ROWS is skipped");
-      SkipToTail(in);
-    } else {
+    } else if (!in.Is(K_INCLUDING) || !SkipClause(in, ClausePlace::Partition)) {
       break;
     }
   }
@@ -149,6 +147,7 @@ bool SkipPartitionClause(TokenStream& in) {
   if (token.kind != TokenKind::Word || IsTail(in) || token.word == K_ENABLE ||
       token.word == K_DISABLE || token.word == K_ONLINE)
     return false;
+  if (SkipClause(in, ClausePlace::Partition)) return true;
   in.Note(token, "clause " + ToUpper(in.TextOf(token)) + " of a partition is skipped");
   in.Next();
   while (!in.AtEnd() && !IsTail(in) && !StartsAlterClause(in.Peek().word)) in.SkipItem();
@@ -342,9 +341,16 @@ bool ParseModifySubpartition(TokenStream& in, Clause& clause) {
   return true;
 }
 
-// name [MAPPING TABLE] [description]
+// [ONLINE], before what is moved is described
+void SkipOnline(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_ONLINE)) in.Note(token, "clause ONLINE is skipped");
+}
+
+// name [ONLINE] [MAPPING TABLE] [description]
 bool ParseMovePartition(TokenStream& in, Clause& clause) {
   if (!ParseTarget(in, clause)) return false;
+  SkipOnline(in);
   clause.SetMapping(in.Accept(K_MAPPING, K_TABLE));
   clause.SetTablePartDesc(ParsePartitionDescription(in).release());
   return true;

@@ -8,6 +8,7 @@
 #include "reader/parse_organisation.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/storage/compression.h"
 
@@ -25,8 +26,7 @@ void SkipRest(TokenStream& in) {
     in.SkipItem();
 }
 
-// Changes of partitions that newer releases have, such as ADD PARTITIONS n, and those of
-// CLUSTERING.
+// Changes of partitions that newer releases have, such as ADD PARTITIONS n.
 bool SkipPartitioning(TokenStream& in) {
   auto const& verb = in.Peek();
   auto const& object = in.Peek(1);
@@ -44,7 +44,6 @@ bool SkipPartitioning(TokenStream& in) {
     default: return false;
   }
   switch (object.word) {
-    case K_CLUSTERING:
     case K_PARTITION:
     case K_PARTITIONS:
     case K_SUBPARTITION:
@@ -296,8 +295,8 @@ void ParseEnable(TokenStream& in, REPAlterTable& table) {
 }
 
 void ParseAlterClause(TokenStream& in, REPAlterTable& table, Progress& progress) {
-  if (ParseAlterPartitions(in, progress.partitioning) || SkipPartitioning(in) ||
-      ParseMove(in, progress) || progress.external.ParseOption(in) ||
+  if (SkipClause(in, ClausePlace::AlterTable) || ParseAlterPartitions(in, progress.partitioning) ||
+      SkipPartitioning(in) || ParseMove(in, progress) || progress.external.ParseOption(in) ||
       ParseProperty(in, table, progress))
     return;
   switch (in.Peek().word) {
@@ -379,8 +378,7 @@ std::unique_ptr<REPStatement> ParseAlterTable(TokenStream& in) {
   auto table = std::make_unique<REPAlterTable>();
   table->SetStatementType(REPStatement_e::AlterTable);
   in.Expect(K_ALTER, K_TABLE);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   table->SetTableName(ParseName(in).release());
   Progress progress;
   do ParseAlterClause(in, *table, progress);

@@ -158,8 +158,7 @@ std::unique_ptr<REPStatement> ParseAlterCluster(TokenStream& in) {
   auto cluster = std::make_unique<REPAlterCluster>();
   cluster->SetStatementType(REPStatement_e::AlterCluster);
   in.Expect(K_ALTER, K_CLUSTER);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   cluster->SetClusterName(ParseName(in).release());
   bool holds = false;
   do holds = ParseAlterOption(in, *cluster) || holds;

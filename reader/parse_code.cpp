@@ -181,7 +181,7 @@ std::unique_ptr<REPStatement> ParseAlter(TokenStream& in, REPStatement_e type, W
   auto statement = std::make_unique<Statement>();
   statement->SetStatementType(type);
   in.Expect(K_ALTER, kind);
-  SkipIfNotExists(in);
+  SkipIfExists(in);
   (statement.get()->*set_name)(ParseName(in).release());
   if (SkipAlterEditionable(in, kind)) return nullptr;
   in.Expect(K_COMPILE);

@@ -3,6 +3,7 @@
 #include "reader/parse_constraints.h"
 #include "reader/parse_datatypes.h"
 #include "reader/parse_names.h"
+#include "reader/skipped_clauses.h"
 
 namespace repora::reader {
 namespace {
@@ -30,6 +31,7 @@ bool IsColumnClause(TokenStream const& in) {
     case K_SCOPE:
     case K_SORT:
     case K_VISIBLE: return true;
+    case K_NOT: return in.Is(K_NOT, K_RESERVABLE) || IsInlineConstraint(in);
     default: return IsInlineConstraint(in);
   }
 }
@@ -49,6 +51,12 @@ bool IsAlterClause(TokenStream const& in) {
     case K_XMLTYPE: return true;
     default: return false;
   }
+}
+
+// Whether a column has no datatype, because ALTER TABLE changes something else of it.
+bool StartsChange(TokenStream const& in) {
+  return in.Is(K_DROP) || in.Is(K_COLLATE) || in.Is(K_ADD, K_DOMAIN) || in.Is(K_READ, K_ONLY) ||
+         in.Is(K_READ, K_WRITE);
 }
 
 // Whether the clause of a column ends, by another one or with the column.
@@ -90,14 +98,28 @@ void ParseDefaultClause(TokenStream& in, REPRelTableColumn& column) {
   auto const& token = in.Peek();
   if (in.Accept(K_ON, K_NULL)) {
     in.Note(token, "ON NULL of a default is skipped");
-    if (in.Accept(K_FOR, K_INSERT) && !in.Accept(K_AND, K_UPDATE)) in.Next();
+    if (in.Accept(K_FOR, K_INSERT) && !in.Accept(K_AND, K_UPDATE)) in.Expect(K_ONLY);
   }
   std::unique_ptr<REPExpr> const replaced(column.GetExpression());
   column.SetExpression(nullptr);
   column.SetExpression(ParseDefault(in).release());
 }
 
-// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [(...)] | (expression) [VIRTUAL]}
+// [EVALUATE USING edition] [UNUSABLE {BEFORE | BEGINNING WITH} edition]..., of the expression
+void TakeEditions(TokenStream& in) {
+  while (in.Accept(K_EVALUATE, K_USING) || in.Accept(K_UNUSABLE, K_BEFORE) ||
+         in.Accept(K_UNUSABLE, K_BEGINNING, K_WITH)) {
+    if (in.Accept(K_EDITION)) {
+      ParseSimpleName(in);
+    } else {
+      if (!in.Accept(K_NULL)) in.Expect(K_CURRENT);
+      in.Expect(K_EDITION);
+    }
+  }
+}
+
+// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [(...)] | (expression) [VIRTUAL |
+//   MATERIALIZED] [editions]}
 void SkipGenerated(TokenStream& in) {
   auto const& token = in.Peek();
   if (in.Accept(K_GENERATED) && !in.Accept(K_ALWAYS)) {
@@ -108,11 +130,14 @@ void SkipGenerated(TokenStream& in) {
   bool const identity = in.Accept(K_IDENTITY);
   in.Note(token, identity ? "AS IDENTITY is skipped" : "expression of a virtual column is skipped");
   if (!in.SkipParentheses() && !identity) in.Fail("'('");
-  in.Accept(K_VIRTUAL);
+  if (identity) return;
+  if (!in.Accept(K_VIRTUAL)) in.Accept(K_MATERIALIZED);
+  TakeEditions(in);
 }
 
 // A clause that a column object has no place for.
 void SkipColumnClause(TokenStream& in) {
+  if (SkipClause(in, ClausePlace::Column)) return;
   auto const& clause = in.Next();
   in.Note(clause, "clause " + std::string(TextOf(clause.word)) + " is skipped");
   while (!AtClauseEnd(in)) in.SkipItem();
@@ -141,8 +166,15 @@ bool ParseColumnClause(TokenStream& in, REPRelTableColumn& column) {
       break;
     case K_AS:
     case K_GENERATED: SkipGenerated(in); break;
-    case K_COLLATE:
     case K_WITH: SkipColumnClause(in); break;
+    case K_COLLATE:
+    case K_READ:
+    case K_VALIDATE: return SkipClause(in, ClausePlace::Column);
+    case K_ADD:
+    case K_DROP:
+      // What else comes with these words is a clause of ALTER TABLE.
+      return (in.Peek(1).word == K_DOMAIN || in.Peek(1).word == K_IDENTITY) &&
+             SkipClause(in, ClausePlace::Column);
     default:
       if (!IsColumnClause(in)) return false;
       SkipColumnClause(in);
@@ -158,7 +190,7 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
   in.StartClause("column");
   column->SetColumnName(ParseSimpleName(in).release());
   // In a list before AS SELECT the datatype comes from the query.
-  if (!AtListEnd(in) && !in.Is(K_DROP) && (in.Is(K_REF) || !IsColumnClause(in)))
+  if (!AtListEnd(in) && !StartsChange(in) && (in.Is(K_REF) || !IsColumnClause(in)))
     column->SetDatatype(ParseDatatype(in).release());
   while (ParseColumnClause(in, *column)) {
   }
@@ -171,9 +203,19 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
 
 bool SkipPeriod(TokenStream& in) {
   if (!in.Is(K_PERIOD, K_FOR)) return false;
-  in.Note(in.Peek(), "clause PERIOD is skipped");
+  in.Note(in.Peek(), "clause PERIOD FOR is skipped");
   SkipToListEnd(in);
   return true;
+}
+
+// DOMAIN name ( column [, column]... ) [USING ( column [, column]... )]; what stands between the
+// parentheses of a datatype starts with a number.
+bool SkipDomain(TokenStream& in) {
+  if (!in.Is(K_DOMAIN) || !IsName(in.Peek(1))) return false;
+  std::size_t behind = 2;
+  while (in.Peek(behind).punctuation == '.') behind += 2;
+  return in.Peek(behind).punctuation == '(' && IsName(in.Peek(behind + 1)) &&
+         SkipClause(in, ClausePlace::Column);
 }
 
 }  // namespace repora::reader

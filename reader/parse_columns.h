@@ -13,4 +13,7 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in);
 // A period among the columns of a table: skipped with a note. False when none comes.
 bool SkipPeriod(TokenStream& in);
 
+// A domain of several columns in the place of a column: skipped with a note. False when none comes.
+bool SkipDomain(TokenStream& in);
+
 }  // namespace repora::reader

@@ -343,6 +343,7 @@ bool IsOutOfLineConstraint(TokenStream const& in) {
   auto const second = in.Peek(1);
   switch (in.Peek().word) {
     case K_CONSTRAINT:
+      if (in.Is(K_CONSTRAINT, K_IF, K_NOT, K_EXISTS)) return true;
       switch (in.Peek(2).word) {
         case K_CHECK:
         case K_FOREIGN:
@@ -361,7 +362,10 @@ bool IsOutOfLineConstraint(TokenStream const& in) {
 // [CONSTRAINT name] kind [state]
 std::unique_ptr<REPOutOfLineConstraint> ParseOutOfLineConstraint(TokenStream& in) {
   auto constraint = std::make_unique<REPOutOfLineConstraint>();
-  if (in.Accept(K_CONSTRAINT)) constraint->SetConstraintName(ParseName(in).release());
+  if (in.Accept(K_CONSTRAINT)) {
+    SkipIfNotExists(in);
+    constraint->SetConstraintName(ParseName(in).release());
+  }
   ParseOutOfLineKind(in, *constraint);
   constraint->SetConstraintState(ParseState(in, Place::Table).release());
   return constraint;

@@ -112,6 +112,10 @@ REPJoinType_e QueryReader::ReadOuter(REPJoinType_e plain) {
 TableRef QueryReader::ReadTable() {
   auto table = std::make_unique<REPTableRef>();
   table->SetTableRef(REPTableRef_e::QueryTableExpr);
+  if (in_.Is('(') && in_.Peek(1).word == K_VALUES && in_.Peek(2).punctuation == '(') {
+    ReadValuesTable(*table);
+    return table;
+  }
   if (in_.Is('(') && !OpensQuery()) {
     table = ReadParenthesisedTable();
     // What the table has within the parentheses it cannot have behind them as well.
@@ -139,6 +143,17 @@ TableRef QueryReader::ReadTable() {
   if (as || (IsName(in_.Peek()) && !FollowsTable(in_)))
     table->SetAliasName(ParseSimpleName(in_).release());
   return table;
+}
+
+// ( VALUES ( ... ) [, ( ... )]... ) [[AS] alias [( columns )]]
+void QueryReader::ReadValuesTable(REPTableRef& table) {
+  KeepText(in_.Peek(1), "VALUES");
+  in_.SkipParentheses();
+  table.SetQueryTableExpr(new REPQueryTableExpr);
+  bool const as = in_.Accept(K_AS);
+  if (as || (IsName(in_.Peek()) && !FollowsTable(in_)))
+    table.SetAliasName(ParseSimpleName(in_).release());
+  in_.SkipParentheses();
 }
 
 // ( table [join]... )

@@ -11,6 +11,7 @@
 #include "reader/parse_storage.h"
 #include "reader/parse_strings.h"
 #include "reader/replace.h"
+#include "reader/skipped_clauses.h"
 
 namespace repora::reader {
 namespace {
@@ -51,14 +52,6 @@ bool StartsIndexProperty(TokenStream const& in) {
 bool AtListEnd(TokenStream const& in, std::size_t ahead = 0) {
   auto const& token = in.Peek(ahead);
   return token.punctuation == ',' || token.punctuation == ')' || token.kind == TokenKind::End;
-}
-
-// Takes the rest of a list of names or columns that no parentheses enclose.
-void SkipNames(TokenStream& in) {
-  do {
-    ParseName(in);
-    if (!in.Accept(K_ASC)) in.Accept(K_DESC);
-  } while (in.Accept(','));
 }
 
 REPSort_e SortOf(Word word) {
@@ -127,7 +120,7 @@ bool ParseIndexOption(TokenStream& in, REPIndexAttributesClause& attributes) {
 
 // One of the attributes of an index; false when none comes.
 bool ParseIndexAttribute(TokenStream& in, REPIndexAttributesClause& attributes) {
-  if (ParsePhysicalAttribute(in, *attributes.GetPhysicalAttrClause()) ||
+  if (ParsePhysicalAttribute(in, *attributes.GetPhysicalAttrClause()) || SkipTablespaceSet(in) ||
       ParseIndexOption(in, attributes))
     return true;
   if (in.Accept(K_TABLESPACE)) {
@@ -156,21 +149,12 @@ bool SkipPlaceholder(TokenStream& in) {
   return true;
 }
 
-// {FILTER | ORDER} BY column [, column]...: what else a domain index holds
-bool SkipDomainColumns(TokenStream& in) {
-  auto const& token = in.Peek();
-  if (!in.Accept(K_FILTER, K_BY) && !in.Accept(K_ORDER, K_BY)) return false;
-  in.Note(token, "clause " + std::string(TextOf(token.word)) + " BY is skipped");
-  SkipNames(in);
-  return true;
-}
-
 // INDEXTYPE IS name [PARALLEL ...] [PARAMETERS ('text')]
 std::unique_ptr<REPDomainIndexClause> ParseDomainIndex(TokenStream& in) {
   auto domain = std::make_unique<REPDomainIndexClause>();
   in.Expect(K_INDEXTYPE, K_IS);
   domain->SetIndextypeName(ParseName(in).release());
-  while (SkipDomainColumns(in)) {
+  while (!in.Is(K_PARAMETERS) && SkipNewerIndexProperty(in)) {
   }
   domain->SetParallelClause(ParseParallel(in).release());
   if (in.Is(K_PARAMETERS)) domain->SetODCIParameters(ParseIndexParameters(in).c_str());
@@ -293,15 +277,11 @@ void ParseIndexTarget(TokenStream& in, REPCreateIndex& index) {
 // CREATE [UNIQUE | BITMAP | other kind] INDEX, of which the other kinds are skipped
 void ParseIndexKind(TokenStream& in, REPCreateIndex& index) {
   in.Expect(K_CREATE);
-  while (in.Peek().kind == TokenKind::Word && !in.Is(K_INDEX)) {
-    auto const& kind = in.Next();
-    if (kind.word == K_UNIQUE)
-      index.SetIndexType(REPIndexType_e::Unique);
-    else if (kind.word == K_BITMAP)
-      index.SetIndexType(REPIndexType_e::Bitmap);
-    else
-      in.Note(kind, "clause " + std::string(TextOf(kind.word)) + " is skipped");
-  }
+  if (in.Accept(K_UNIQUE))
+    index.SetIndexType(REPIndexType_e::Unique);
+  else if (in.Accept(K_BITMAP))
+    index.SetIndexType(REPIndexType_e::Bitmap);
+  SkipKindWords(in, K_INDEX);
   in.Expect(K_INDEX);
 }
 
@@ -318,25 +298,7 @@ Compression ParseIndexCompression(TokenStream& in) {
 }
 
 bool SkipNewerIndexProperty(TokenStream& in) {
-  auto const& property = in.Peek();
-  switch (property.word) {
-    case K_INVISIBLE:
-    case K_NOREVERSE:
-    case K_UNUSABLE:
-    case K_USABLE:
-    case K_VISIBLE: break;
-    case K_ANNOTATIONS:
-    case K_INDEXING: in.Next(); break;
-    case K_DEFERRED:
-    case K_IMMEDIATE:
-      if (in.Peek(1).word != K_INVALIDATION) return false;
-      in.Next();
-      break;
-    default: return false;
-  }
-  in.SkipItem();
-  in.Note(property, "clause " + std::string(TextOf(property.word)) + " is skipped");
-  return true;
+  return SkipClause(in, ClausePlace::Index);
 }
 
 std::string ParseIndexParameters(TokenStream& in) {

@@ -6,6 +6,7 @@
 #include "reader/parse_partitions.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/queries/alter_materialized_view_log.h"
 #include "repora/queries/materialized_view_logs.h"
@@ -97,6 +98,7 @@ void SkipRest(TokenStream& in) {
 
 // PURGE ... and FOR {SYNCHRONOUS | FAST} REFRESH ..., and whatever else newer releases have
 void SkipLogClause(TokenStream& in, std::string_view expected) {
+  if (SkipClause(in, ClausePlace::MaterializedViewLog)) return;
   auto const& token = in.Peek();
   if (token.kind != TokenKind::Word || token.word == K_CREATE || token.word == K_ALTER)
     in.Fail(expected);
@@ -194,8 +196,7 @@ std::unique_ptr<REPStatement> ParseAlterMaterializedViewLog(TokenStream& in) {
   in.Expect(K_ALTER);
   ExpectMaterializedView(in);
   in.Expect(K_LOG);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   log->SetForce(in.Accept(K_FORCE));
   in.Expect(K_ON);
   log->SetTablename(ParseName(in).release());

@@ -10,6 +10,7 @@
 #include "reader/parse_refresh.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/queries/refresh.h"
 
@@ -51,9 +52,7 @@ void ParseViewColumns(TokenStream& in, Clauses& clauses) {
     }
     if (!clauses.aliases) clauses.aliases = std::make_unique<REPNameList>();
     clauses.aliases->AddTail(ParseSimpleName(in).release());
-    if (!in.Is(K_ENCRYPT)) continue;
-    in.Note(in.Peek(), "clause ENCRYPT is skipped");
-    while (!in.AtEnd() && !in.Is(',') && !in.Is(')')) in.SkipItem();
+    while (SkipClause(in, ClausePlace::Column)) continue;
   } while (in.Accept(','));
   if (!in.Accept(')')) in.Fail("',' or ')'");
 }
@@ -216,16 +215,14 @@ void SkipViewRest(TokenStream& in) {
 }
 
 void SkipViewClause(TokenStream& in, std::string_view expected) {
+  if (SkipClause(in, ClausePlace::MaterializedView)) return;
   auto const& token = in.Peek();
   if (token.kind != TokenKind::Word || StartsStatement(token.word)) in.Fail(expected);
   auto const names_two = token.word == K_ADD || token.word == K_DISABLE || token.word == K_ENABLE ||
                          token.word == K_MODIFY || token.word == K_NO || token.word == K_ON;
   std::string name(ToUpper(in.TextOf(token)));
   in.Next();
-  if (in.Accept(K_ON, K_QUERY))
-    name += " ON QUERY";
-  else if (names_two && in.Peek().kind == TokenKind::Word)
-    name += " " + ToUpper(in.TextOf(in.Next()));
+  if (names_two && in.Peek().kind == TokenKind::Word) name += " " + ToUpper(in.TextOf(in.Next()));
   in.Note(token, "clause " + name + " is skipped");
   SkipViewRest(in);
 }

@@ -1,5 +1,7 @@
 #include "reader/parse_names.h"
 
+#include "repora/core/letters.h"
+
 namespace repora::reader {
 namespace {
 
@@ -82,6 +84,21 @@ void SkipIfNotExists(TokenStream& in) {
   if (in.Accept(K_IF, K_NOT, K_EXISTS)) in.Note(token, "IF NOT EXISTS is skipped");
 }
 
+void SkipIfExists(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+}
+
+void SkipKindWords(TokenStream& in, Word kind) {
+  auto const& token = in.Peek();
+  std::string words;
+  while (in.Peek().kind == TokenKind::Word && !in.Is(kind)) {
+    if (!words.empty()) words += ' ';
+    words += ToUpper(in.TextOf(in.Next()));
+  }
+  if (!words.empty()) in.Note(token, "clause " + words + " is skipped");
+}
+
 void SkipEditionable(TokenStream& in) {
   auto const& token = in.Peek();
   if (in.Accept(K_EDITIONABLE) || in.Accept(K_NONEDITIONABLE))
@@ -93,7 +110,7 @@ void SkipSharing(TokenStream& in) {
   if (!in.Accept(K_SHARING)) return;
   in.Note(token, "clause SHARING is skipped");
   in.Expect('=');
-  in.Next();
+  if (!in.Accept(K_EXTENDED, K_DATA)) in.Next();
 }
 
 }  // namespace repora::reader

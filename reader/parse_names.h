@@ -39,8 +39,13 @@ std::unique_ptr<REPExpr> ParseExpression(TokenStream& in, bool (*ends)(TokenStre
 // [OR REPLACE]; true when it is there.
 bool AcceptOrReplace(TokenStream& in);
 
-// [IF NOT EXISTS], which is skipped: a model does not know what exists.
+// [IF NOT EXISTS] and [IF EXISTS], which are skipped: a model does not know what exists.
 void SkipIfNotExists(TokenStream& in);
+void SkipIfExists(TokenStream& in);
+
+// Words between CREATE and the kind of an object that say more of it, such as PRIVATE TEMPORARY,
+// up to the kind: skipped with one note.
+void SkipKindWords(TokenStream& in, Word kind);
 
 // [EDITIONABLE | NONEDITIONABLE], which is skipped.
 void SkipEditionable(TokenStream& in);

@@ -8,6 +8,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_storage.h"
 #include "reader/parse_supplemental.h"
+#include "reader/skipped_clauses.h"
 #include "repora/storage/physical_props.h"
 
 namespace repora::reader {
@@ -150,16 +151,12 @@ std::unique_ptr<REPNestedColumnProps> ParseNestedTable(TokenStream& in) {
   return nested;
 }
 
-// XMLTYPE [COLUMN] name [STORE ... [( ... )]] [other words]
+// XMLTYPE [COLUMN] name [STORE ...] [XMLSCHEMA ...] ...
 void SkipXmlType(TokenStream& in) {
   in.Note(in.Next(), "properties of an XMLTYPE column are skipped");
   in.Accept(K_COLUMN);
   ParseName(in);
-  if (!in.Accept(K_STORE)) return;
-  do in.Next();
-  while (!in.AtEnd() && !in.Is('(') && IsName(in.Peek()) && !StartsColumnProperty(in) &&
-         !StartsSegmentAttribute(in.Peek().word) && !in.Is(K_PARTITION));
-  in.SkipParentheses();
+  TakeXmlTypeStorage(in);
 }
 
 // A "," that stands between two column properties.

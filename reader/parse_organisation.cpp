@@ -61,17 +61,31 @@ std::unique_ptr<REPSegmentAttributesClause> ParseSegmentAttributes(TokenStream& 
   return in.Mark() == mark ? nullptr : std::move(segment);
 }
 
+// Whether an option of an external table starts with the word, so that it ends another one.
+bool StartsOption(Word word) {
+  switch (word) {
+    case K_ACCESS:
+    case K_DEFAULT:
+    case K_LOCATION:
+    case K_PROJECT:
+    case K_REJECT:
+    case K_TYPE: return true;
+    default: return false;
+  }
+}
+
 }  // namespace
 
 void ExternalTable::ParseBody(TokenStream& in) {
   if (!in.Accept('(')) return;
   while (!in.Accept(')')) {
     if (ParseOption(in)) continue;
-    if (in.Peek().kind != TokenKind::Word) in.Fail("an option of the external table or ')'");
-    in.Note(in.Peek(),
-            "option " + ToUpper(in.TextOf(in.Peek())) + " of an external table is skipped");
-    in.Next();
-    in.SkipParentheses();
+    auto const& option = in.Peek();
+    if (option.kind != TokenKind::Word) in.Fail("an option of the external table or ')'");
+    in.Note(option, "option " + ToUpper(in.TextOf(option)) + " of an external table is skipped");
+    do in.SkipItem();
+    while (in.Peek().kind == TokenKind::String || in.Is('(') ||
+           (in.Peek().kind == TokenKind::Word && !StartsOption(in.Peek().word)));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "reader/parse_lobs.h"
 #include "reader/parse_names.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 
 namespace repora::reader {
@@ -41,7 +42,9 @@ bool StartsAttribute(TokenStream const& in) {
     case K_ROW: return second == K_STORE;
     case K_READ: return second == K_ONLY || second == K_WRITE;
     case K_SEGMENT: return second == K_CREATION;
+    case K_NO: return second == K_INMEMORY;
     case K_COMPRESS:
+    case K_EXTERNAL:
     case K_ILM:
     case K_INDEXING:
     case K_INMEMORY:
@@ -65,21 +68,12 @@ void SkipRest(TokenStream& in) {
 bool SkipAttribute(TokenStream& in) {
   auto const& token = in.Peek();
   if (token.kind != TokenKind::Word || EndsAttributes(token.word)) return false;
-  auto const note = [&] {
-    switch (token.word) {
-      case K_NESTED: return std::string("clause NESTED TABLE is skipped");
-      case K_READ: return "clause READ " + ToUpper(in.TextOf(in.Peek(1))) + " is skipped";
-      case K_SEGMENT: return std::string("clause SEGMENT CREATION is skipped");
-      default: return "clause " + ToUpper(in.TextOf(token)) + " is skipped";
-    }
-  };
-  in.Note(token, note());
+  if (SkipClause(in, ClausePlace::Partition)) return true;
+  in.Note(token, token.word == K_NESTED ? "clause NESTED TABLE is skipped"
+                                        : "clause " + ToUpper(in.TextOf(token)) + " is skipped");
   in.Next();
   if (in.Accept(K_STORE, K_AS)) in.SkipItem();
-  if (token.word == K_ILM)  // has the words of other attributes in it
-    while (!in.AtEnd() && !in.Is(',') && !in.Is(')')) in.SkipItem();
-  else
-    SkipRest(in);
+  SkipRest(in);
   return true;
 }
 
@@ -156,14 +150,11 @@ void ParseStorageVarray(TokenStream& in, REPPartitioningStorageClause& storage) 
 // The storage of a hash partition or subpartition is a tablespace at most.
 bool SkipStorageAttribute(TokenStream& in) {
   auto const& token = in.Peek();
-  if (in.Accept(K_COMPRESS) || in.Accept(K_NOCOMPRESS)) {
+  if (SkipTablespaceSet(in)) return true;
+  if (TakeCompression(in)) {
     in.Note(token, "compression of a hash partition or subpartition is skipped");
-    if (in.Peek().kind == TokenKind::Number) in.Next();
-    SkipKindOfCompression(in);
     return true;
   }
-  // COMPRESS follows, and says it all.
-  if (in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) return true;
   REPSegmentAttributesClause segment;
   if (ParseSegmentAttribute(in, segment)) {
     in.Note(token, "segment attributes of a hash partition or subpartition are skipped");
@@ -175,6 +166,7 @@ bool SkipStorageAttribute(TokenStream& in) {
 // One clause of partitioning storage; null when none comes.
 std::unique_ptr<REPPartitioningStorageClause> ParsePartitionStorageClause(TokenStream& in) {
   auto clause = std::make_unique<REPPartitioningStorageClause>();
+  if (in.Is(K_TABLESPACE, K_SET)) return nullptr;
   if (in.Accept(K_TABLESPACE)) {
     clause->SetTablespaceName(ParseSimpleName(in).release());
   } else if (in.Accept(K_OVERFLOW)) {
@@ -274,15 +266,35 @@ std::unique_ptr<REPSubPartitionByHash> ParseSubPartitionByHash(TokenStream& in) 
   return clause;
 }
 
-// SUBPARTITION BY LIST (column) [template]
+// [word [(...)] [STORE IN (...)]]: partitions that the database makes by itself
+void SkipAutomatic(TokenStream& in, Word word) {
+  auto const& token = in.Peek();
+  if (!in.Accept(word)) return;
+  in.Note(token, "clause " + std::string(TextOf(word)) + " is skipped");
+  if (word == K_INTERVAL) in.SkipParentheses();
+  ParseStoreIn(in);
+}
+
+// SUBPARTITION BY LIST (column) [AUTOMATIC ...] [template]
 std::unique_ptr<REPSubPartitionByList> ParseSubPartitionByList(TokenStream& in) {
   auto clause = std::make_unique<REPSubPartitionByList>();
   in.Expect(K_SUBPARTITION, K_BY, K_LIST);
   in.Expect('(');
   clause->SetColumn(ParseName(in).release());
   in.Expect(')');
+  SkipAutomatic(in, K_AUTOMATIC);
   clause->SetTemplate(ParseTemplate(in).release());
   return clause;
+}
+
+// Whether a key comes that is no list of columns.
+bool HasExpression(TokenStream const& in, std::size_t ahead) {
+  if (in.Peek(ahead).punctuation != '(') return false;
+  for (++ahead; in.Peek(ahead).kind != TokenKind::End; ++ahead) {
+    if (in.Peek(ahead).punctuation == '(') return true;
+    if (in.Peek(ahead).punctuation == ')') return false;
+  }
+  return false;
 }
 
 // Whether the columns of a list partitioning that come are several.
@@ -311,6 +323,10 @@ Subpartitions ParseSubpartitioning(TokenStream& in, REPTablePartitioningClause& 
     case REPPartition_e::List: SkipSubpartitioning(in, "list"); return Subpartitions::Skipped;
     default: SkipSubpartitioning(in, "hash"); return Subpartitions::Skipped;
   }
+  if (HasExpression(in, 3)) {
+    SkipSubpartitioning(in, "range");
+    return Subpartitions::Skipped;
+  }
   if (in.Is(K_SUBPARTITION, K_BY, K_HASH)) {
     clause.SetSubPartitionByHash(ParseSubPartitionByHash(in).release());
   } else if (in.Is(K_SUBPARTITION, K_BY, K_LIST) && !HasSeveralColumns(in, 4)) {
@@ -321,15 +337,6 @@ Subpartitions ParseSubpartitioning(TokenStream& in, REPTablePartitioningClause& 
   }
   clause.SetPartitionType(REPPartition_e::Composite);
   return Subpartitions::Kept;
-}
-
-// [word [(...)] [STORE IN (...)]]: partitions that the database makes by itself
-void SkipAutomatic(TokenStream& in, Word word) {
-  auto const& token = in.Peek();
-  if (!in.Accept(word)) return;
-  in.Note(token, "clause " + std::string(TextOf(word)) + " is skipped");
-  if (word == K_INTERVAL) in.SkipParentheses();
-  ParseStoreIn(in);
 }
 
 // PARTITION [name] VALUES LESS THAN (...) [description]
@@ -410,6 +417,13 @@ std::unique_ptr<REPTablePartitioningClause> ParseTablePartitioning(TokenStream& 
   auto clause = std::make_unique<REPTablePartitioningClause>();
   auto const& token = in.Peek();
   in.Expect(K_PARTITION, K_BY);
+  bool const has_key = in.Is(K_RANGE) || in.Is(K_LIST) || in.Is(K_HASH);
+  if (has_key && HasExpression(in, 1)) {
+    in.Note(token,
+            "PARTITION BY " + ToUpper(in.TextOf(in.Next())) + " of an expression is skipped");
+    in.SkipParentheses();
+    return nullptr;
+  }
   if (in.Is(K_RANGE)) {
     ParseByRange(in, *clause);
   } else if (in.Is(K_LIST) && !HasSeveralColumns(in, 2)) {
@@ -419,8 +433,9 @@ std::unique_ptr<REPTablePartitioningClause> ParseTablePartitioning(TokenStream& 
   } else {
     auto const& method = in.Peek();
     if (method.kind != TokenKind::Word) in.Fail("a method of partitioning");
-    in.Note(token, "PARTITION BY " + ToUpper(in.TextOf(method)) +
-                       (in.Accept(K_LIST) ? " of several columns is skipped" : " is skipped"));
+    std::string name("PARTITION BY " + ToUpper(in.TextOf(method)));
+    if (in.Is(K_CONSISTENT, K_HASH)) name += " HASH";
+    in.Note(token, name + (in.Accept(K_LIST) ? " of several columns is skipped" : " is skipped"));
     return nullptr;
   }
   return clause;
@@ -512,10 +527,7 @@ std::unique_ptr<REPHashPartitionsByQuantity> ParseHashPartitionsByQuantity(Token
   clause->SetQuantity(in.Copy(in.ExpectNumber()));
   clause->SetTablespaces(ParseStoreIn(in).release());
   auto const& token = in.Peek();
-  if (ParseCompression(in).compress != REPCompress_e::None) {
-    in.Note(token, "compression of hash partitions is skipped");
-    SkipKindOfCompression(in);
-  }
+  if (TakeCompression(in)) in.Note(token, "compression of hash partitions is skipped");
   if (in.Accept(K_OVERFLOW)) {
     in.Expect(K_STORE, K_IN);
     clause->SetOverflowTablespaces(ParseNameList(in).release());

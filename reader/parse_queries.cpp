@@ -244,11 +244,13 @@ Query QueryReader::ReadOperands() {
   run.push_back({REPSubqueryType_e::None, ReadOperand()});
   int operators = 0;
   while (StartsSetOperation(in_)) {
-    auto type = SetOperationOf(in_.Peek().word);
-    in_.Next();
+    auto const& token = in_.Next();
+    auto type = SetOperationOf(token.word);
     if (in_.Accept(K_ALL)) {
-      if (type != REPSubqueryType_e::Union) in_.Fail("a query");
-      type = REPSubqueryType_e::UnionAll;
+      if (type == REPSubqueryType_e::Union)
+        type = REPSubqueryType_e::UnionAll;
+      else
+        KeepText(token, std::string(TextOf(token.word)) + " ALL");
     }
     bool const goes_on =
         run.size() == 1 || (type == run.back().type && type != REPSubqueryType_e::Minus);
@@ -262,8 +264,20 @@ Query QueryReader::ReadOperands() {
   return close_run();
 }
 
-// SELECT ... | ( query )
+// VALUES ( ... ) [, ( ... )]...: rows that are given as values
+Query QueryReader::ReadValues() {
+  auto query = std::make_unique<REPSelect>();
+  KeepText(in_.Peek(), "VALUES");
+  in_.Expect(K_VALUES);
+  do in_.TakeParentheses();
+  while (in_.Accept(','));
+  query->SetTableRefList(new REPTableRefList);
+  return query;
+}
+
+// SELECT ... | VALUES ... | ( query )
 Query QueryReader::ReadOperand() {
+  if (in_.Is(K_VALUES)) return ReadValues();
   if (!in_.Accept('(')) return ReadBlock();
   auto query = ReadQuery();
   in_.Expect(')');

@@ -85,6 +85,12 @@ bool ParseRefreshUsing(TokenStream& in, RefreshOptions& refresh, Rollbacks& roll
         in.Expect(K_TRUSTED, K_CONSTRAINTS);
         refresh.SetRefreshConstraints(REPRefreshConstraints_e::Trusted);
         break;
+      case K_LOGICAL: {
+        auto const& token = in.Peek();
+        in.Expect(K_LOGICAL, K_PARTITION, K_CHANGE, K_TRACKING);
+        in.Note(token, "clause USING LOGICAL PARTITION CHANGE TRACKING is skipped");
+        break;
+      }
       default:
         if (first) in.Fail("a rollback segment or constraints");
         return true;

@@ -108,7 +108,7 @@ std::unique_ptr<REPStatement> ParseAlterSequence(TokenStream& in) {
   auto sequence = std::make_unique<REPAlterSequence>();
   sequence->SetStatementType(REPStatement_e::AlterSequence);
   in.Expect(K_ALTER, K_SEQUENCE);
-  SkipIfNotExists(in);
+  SkipIfExists(in);
   sequence->SetSchemaName(ParseName(in).release());
   while (!in.AtEnd()) {
     if (in.Accept(K_CACHE, K_READS)) {

@@ -122,8 +122,18 @@ bool StartsSegmentAttribute(Word word) {
   }
 }
 
+bool SkipTablespaceSet(TokenStream& in) {
+  auto const& token = in.Peek();
+  if (!in.Is(K_TABLESPACE, K_SET) || !IsName(in.Peek(2))) return false;
+  in.Expect(K_TABLESPACE, K_SET);
+  ParseSimpleName(in);
+  in.Note(token, "clause TABLESPACE SET is skipped");
+  return true;
+}
+
 bool ParseSegmentAttribute(TokenStream& in, REPSegmentAttributesClause& segment) {
-  if (ParsePhysicalAttribute(in, *segment.GetAttributesClause())) return true;
+  if (ParsePhysicalAttribute(in, *segment.GetAttributesClause()) || SkipTablespaceSet(in))
+    return true;
   if (in.Accept(K_LOGGING)) {
     segment.SetLogging(REPLogging_e::Logging);
   } else if (in.Accept(K_NOLOGGING)) {

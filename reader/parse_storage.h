@@ -19,6 +19,10 @@ REPStorageClause ParseStorageClause(TokenStream& in);
 // One of PCTFREE n | PCTUSED n | INITRANS n | MAXTRANS n | storage_clause; false when none comes.
 bool ParsePhysicalAttribute(TokenStream& in, REPPhysicalAttrClause& attributes);
 
+// [TABLESPACE SET name], the tablespaces of a sharded table, which is skipped; false when none
+// comes.
+bool SkipTablespaceSet(TokenStream& in);
+
 // Whether a word starts what ParseSegmentAttribute takes.
 bool StartsSegmentAttribute(Word word);
 

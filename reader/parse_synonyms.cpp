@@ -11,7 +11,7 @@ std::unique_ptr<REPStatement> ParseCreateSynonym(TokenStream& in) {
   synonym->SetStatementType(REPStatement_e::CreateSynonym);
   in.Expect(K_CREATE);
   synonym->SetReplace(AcceptOrReplace(in));
-  if (!in.Accept(K_EDITIONABLE)) in.Accept(K_NONEDITIONABLE);
+  SkipEditionable(in);
   synonym->SetPublic(in.Accept(K_PUBLIC));
   in.Expect(K_SYNONYM);
   SkipIfNotExists(in);

@@ -10,6 +10,7 @@
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
 #include "reader/parse_supplemental.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/queries/select.h"
 #include "repora/tables/create_table.h"
@@ -23,6 +24,7 @@ struct Clauses {
   std::unique_ptr<REPParallelClause> parallel;
   ColumnProperties column_properties;
   std::unique_ptr<REPTablePartitioningClause> partitioning;
+  bool for_exchange = false;  // the columns are those of another table
 };
 
 // [AS] query; the library renders it without AS.
@@ -102,7 +104,7 @@ void ParseColumns(TokenStream& in, REPCreateTable& table) {
       ref_constraints.push_back(ParseOutOfLineRefConstraint(in));
     else if (IsSupplementalLogging(in))
       logging.push_back(ParseSupplementalLogging(in));
-    else if (!SkipPeriod(in))
+    else if (!SkipPeriod(in) && !SkipDomain(in))
       columns.push_back(ParseColumn(in));
   } while (in.Accept(','));
   if (!in.Accept(')')) in.Fail("',' or ')'");
@@ -163,26 +165,20 @@ bool ParseTableOption(TokenStream& in, REPCreateTable& table) {
   return true;
 }
 
-// A clause that the table has no place for, or none yet.
+// A clause whose grammar is not known.
 void SkipTableClause(TokenStream& in) {
   auto const& token = in.Peek();
-  auto const note = [&]() -> std::string {
-    switch (token.word) {
-      case K_SEGMENT: return "clause SEGMENT CREATION is skipped";
-      case K_READ: return "clause READ ONLY is skipped";
-      default: return "clause " + ToUpper(in.TextOf(token)) + " is skipped";
-    }
-  };
   if (token.kind != TokenKind::Word || StartsStatement(token.word))
     in.Fail("the end of the statement");
-  in.Note(token, note());
+  in.Note(token, "clause " + ToUpper(in.TextOf(token)) + " is skipped");
   in.Next();
   SkipRest(in);
 }
 
 void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
   auto const word = in.Peek().word;
-  if (clauses.physical.ParsePart(in)) return;
+  if (in.Is(K_FOR, K_EXCHANGE)) clauses.for_exchange = true;
+  if (clauses.physical.ParsePart(in) || SkipClause(in, ClausePlace::Table)) return;
   if (StartsTableQuery(word) && !table.GetSelect()) {
     in.Accept(K_AS);
     table.SetSelect(ParseQuery(in).release());
@@ -206,10 +202,7 @@ void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) 
 void ParseTableKind(TokenStream& in, REPCreateTable& table) {
   in.Expect(K_CREATE);
   if (in.Accept(K_GLOBAL, K_TEMPORARY)) table.SetGlobalTemp(true);
-  while (in.Peek().kind == TokenKind::Word && !in.Is(K_TABLE)) {
-    auto const& token = in.Next();
-    in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
-  }
+  SkipKindWords(in, K_TABLE);
   in.Expect(K_TABLE);
 }
 
@@ -242,7 +235,7 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
   bool const has_columns = in.Is('(');
   if (has_columns) ParseColumns(in, *table);
   while (!in.AtEnd()) ParseTableClause(in, *table, clauses);
-  if (!has_columns && !table->GetSelect()) in.Fail("'(' or AS");
+  if (!has_columns && !table->GetSelect() && !clauses.for_exchange) in.Fail("'(' or AS");
   clauses.physical.GiveTo(*table);
   table->SetParallelClause(clauses.parallel.release());
   AddInOrder(*table, clauses.column_properties, &REPCreateTable::AddColumnProp);

@@ -411,8 +411,7 @@ std::unique_ptr<REPStatement> ParseAlterTablespace(TokenStream& in) {
   auto tablespace = std::make_unique<REPAlterTablespace>();
   tablespace->SetStatementType(REPStatement_e::AlterTablespace);
   in.Expect(K_ALTER, K_TABLESPACE);
-  auto const& token = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(token, "IF EXISTS is skipped");
+  SkipIfExists(in);
   tablespace->SetTablespace(ParseName(in).release());
   bool holds = false;
   do {

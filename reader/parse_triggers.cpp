@@ -131,12 +131,14 @@ bool SkipNewerClause(TokenStream& in) {
     case K_REVERSE:
       in.Next();
       in.Expect(K_CROSSEDITION);
-      break;
+      in.Note(clause, "clause " + std::string(TextOf(clause.word)) + " CROSSEDITION is skipped");
+      return true;
     case K_DEFAULT:
       in.Next();
       in.Expect(K_COLLATION);
       ParseName(in);
-      break;
+      in.Note(clause, "clause DEFAULT COLLATION is skipped");
+      return true;
     case K_ENABLE:
     case K_DISABLE: in.Next(); break;
     default: return false;
@@ -205,7 +207,7 @@ std::unique_ptr<REPStatement> ParseAlterTrigger(TokenStream& in) {
   auto trigger = std::make_unique<REPAlterTrigger>();
   trigger->SetStatementType(REPStatement_e::AlterTrigger);
   in.Expect(K_ALTER, K_TRIGGER);
-  SkipIfNotExists(in);
+  SkipIfExists(in);
   trigger->SetTriggerName(ParseName(in).release());
   if (SkipAlterEditionable(in, K_TRIGGER)) return nullptr;
   if (in.Accept(K_ENABLE)) {

@@ -4,6 +4,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_queries.h"
 #include "reader/parse_statements.h"
+#include "reader/skipped_clauses.h"
 #include "repora/core/letters.h"
 #include "repora/queries/views.h"
 
@@ -30,10 +31,8 @@ void ParseViewKind(TokenStream& in, REPCreateView& view) {
   }
 }
 
-void SkipVisibility(TokenStream& in) {
-  auto const& token = in.Peek();
-  if (in.Accept(K_VISIBLE) || in.Accept(K_INVISIBLE))
-    in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
+void SkipColumnClauses(TokenStream& in) {
+  while (SkipClause(in, ClausePlace::Column)) continue;
 }
 
 // ( {name [constraint]... | constraint} [, ...] ), of which the lists take the last one first
@@ -50,11 +49,12 @@ void ParseViewColumns(TokenStream& in, Holder& holder, void (Column::*set_name)(
     }
     auto column = std::make_unique<Column>();
     (column.get()->*set_name)(ParseSimpleName(in).release());
-    SkipVisibility(in);
+    SkipColumnClauses(in);
     column->SetInlineConstraintList(ParseInlineConstraints(in).release());
+    SkipColumnClauses(in);
     columns.push_back(std::move(column));
   } while (in.Accept(','));
-  in.Expect(')');
+  if (!in.Accept(')')) in.Fail("',' or ')'");
   for (auto column = columns.rbegin(); column != columns.rend(); ++column)
     (holder.*add_column)(column->release());
   for (auto constraint = constraints.rbegin(); constraint != constraints.rend(); ++constraint)
@@ -112,13 +112,14 @@ void ParseObjectView(TokenStream& in, REPCreateView& view) {
 // [DEFAULT COLLATION name] [BEQUEATH {CURRENT_USER | DEFINER}] ..., up to AS
 void SkipViewClauses(TokenStream& in) {
   while (!in.Is(K_AS) && !in.AtEnd()) {
+    if (SkipClause(in, ClausePlace::View)) continue;
     auto const& token = in.Next();
     if (token.kind != TokenKind::Word) {
       in.StepBack();
       in.Fail("AS");
     }
     in.Note(token, "clause " + ToUpper(in.TextOf(token)) + " is skipped");
-    while (!in.Is(K_AS) && !in.Is(K_BEQUEATH) && !in.AtEnd()) in.SkipItem();
+    while (!in.Is(K_AS) && !in.AtEnd()) in.SkipItem();
   }
 }
 
@@ -179,10 +180,12 @@ std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in) {
   auto view = std::make_unique<REPAlterView>();
   view->SetStatementType(REPStatement_e::AlterView);
   in.Expect(K_ALTER, K_VIEW);
-  auto const& start = in.Peek();
-  if (in.Accept(K_IF, K_EXISTS)) in.Note(start, "IF EXISTS is skipped");
+  SkipIfExists(in);
   view->SetViewName(ParseName(in).release());
-  auto const& token = in.Peek();
+  if (SkipClause(in, ClausePlace::AlterView)) {
+    if (!in.AtEnd()) in.Fail("the end of the statement");
+    return nullptr;
+  }
   if (in.Accept(K_ADD)) {
     view->SetAlterViewType(REPAlterView_e::AddConstraint);
     view->SetOutOfLineConstraint(ParseOutOfLineConstraint(in).release());
@@ -207,10 +210,6 @@ std::unique_ptr<REPStatement> ParseAlterView(TokenStream& in) {
     }
   } else if (in.Accept(K_COMPILE)) {
     view->SetAlterViewType(REPAlterView_e::Compile);
-  } else if (in.Is(K_READ) || in.Is(K_EDITIONABLE) || in.Is(K_NONEDITIONABLE)) {
-    in.Note(token, "ALTER VIEW " + std::string(TextOf(token.word)) + " is skipped");
-    while (!in.AtEnd()) in.Next();
-    return nullptr;
   } else {
     in.Fail("what to alter of the view");
   }

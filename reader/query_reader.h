@@ -64,6 +64,7 @@ class QueryReader {
   std::string ReadFactor();
   Query ReadOperands();
   Query ReadOperand();
+  Query ReadValues();
   Query ReadBlock();
   void ReadSelectList(REPSelect& query);
   void ReadEntry(REPSelectList& list);
@@ -75,6 +76,7 @@ class QueryReader {
   bool AcceptJoin(REPJoinType_e& type);
   REPJoinType_e ReadOuter(REPJoinType_e plain);
   TableRef ReadTable();
+  void ReadValuesTable(REPTableRef& table);
   TableRef ReadParenthesisedTable();
   std::unique_ptr<REPQueryTableExpr> ReadTableExpression();
   void ReadInlineQuery(REPQueryTableExpr& table);

@@ -28,7 +28,9 @@ bool StartsTail(TokenStream const& in) {
   switch (in.Peek().word) {
     case K_ORDER: return next == K_BY || next == K_SIBLINGS;
     case K_OFFSET: return in.Peek(1).kind != TokenKind::Punctuation;
-    case K_FETCH: return next == K_FIRST || next == K_NEXT;
+    case K_FETCH:
+      return next == K_FIRST || next == K_NEXT || next == K_APPROX || next == K_APPROXIMATE ||
+             next == K_EXACT;
     case K_FOR: return next == K_UPDATE;
     default: return false;
   }

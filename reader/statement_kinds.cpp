@@ -6,7 +6,7 @@
 namespace repora::reader {
 namespace {
 
-using Words = std::array<Word, 4>;
+using Words = std::array<Word, 5>;
 
 constexpr StatementKind Read(Words words, ParseFunction parse, Extent extent = Extent::Sql) {
   return {words, extent, parse};
@@ -61,15 +61,22 @@ constexpr StatementKind kKinds[] = {
     Outside({K_CREATE, K_PLUGGABLE, K_DATABASE}),
     Outside({K_CREATE, K_AUDIT, K_POLICY}),
     Outside({K_CREATE, K_EDITION}),
-    Outside({K_CREATE, K_FLASHBACK}),
+    Outside({K_CREATE, K_FLASHBACK, K_ARCHIVE}),
     Outside({K_CREATE, K_RESTORE, K_POINT}),
     Outside({K_CREATE, K_ANALYTIC, K_VIEW}),
     Outside({K_CREATE, K_ATTRIBUTE, K_DIMENSION}),
     Outside({K_CREATE, K_HIERARCHY}),
-    Outside({K_CREATE, K_INMEMORY}),
+    Outside({K_CREATE, K_INMEMORY, K_JOIN, K_GROUP}),
     Outside({K_CREATE, K_LOCKDOWN, K_PROFILE}),
     Outside({K_CREATE, K_PROPERTY, K_GRAPH}),
     Outside({K_CREATE, K_DOMAIN}),
+    Outside({K_CREATE, K_JSON, K_RELATIONAL, K_DUALITY, K_VIEW}),
+    Outside({K_CREATE, K_JSON, K_DUALITY, K_VIEW}),
+    Outside({K_CREATE, K_JSON, K_COLLECTION, K_TABLE}),
+    Outside({K_CREATE, K_JSON, K_COLLECTION, K_VIEW}),
+    Outside({K_CREATE, K_LOGICAL, K_PARTITION, K_TRACKING}),
+    Outside({K_CREATE, K_TRUE, K_CACHE}),
+    Outside({K_CREATE, K_ASSERTION}),
 
     Read({K_ALTER, K_TABLE}, ParseAlterTable),
     Read({K_ALTER, K_TABLESPACE}, ParseAlterTablespace),
@@ -106,15 +113,22 @@ constexpr StatementKind kKinds[] = {
     Outside({K_ALTER, K_LIBRARY}),
     Outside({K_ALTER, K_PLUGGABLE, K_DATABASE}),
     Outside({K_ALTER, K_AUDIT, K_POLICY}),
-    Outside({K_ALTER, K_FLASHBACK}),
-    Outside({K_ALTER, K_RESOURCE}),
+    Outside({K_ALTER, K_FLASHBACK, K_ARCHIVE}),
+    Outside({K_ALTER, K_RESOURCE, K_COST}),
     Outside({K_ALTER, K_ANALYTIC, K_VIEW}),
     Outside({K_ALTER, K_ATTRIBUTE, K_DIMENSION}),
     Outside({K_ALTER, K_HIERARCHY}),
-    Outside({K_ALTER, K_INMEMORY}),
+    Outside({K_ALTER, K_INMEMORY, K_JOIN, K_GROUP}),
     Outside({K_ALTER, K_LOCKDOWN, K_PROFILE}),
     Outside({K_ALTER, K_PROPERTY, K_GRAPH}),
     Outside({K_ALTER, K_DOMAIN}),
+    Outside({K_ALTER, K_JSON, K_RELATIONAL, K_DUALITY, K_VIEW}),
+    Outside({K_ALTER, K_JSON, K_DUALITY, K_VIEW}),
+    Outside({K_ALTER, K_JSON, K_COLLECTION, K_TABLE}),
+    Outside({K_ALTER, K_JSON, K_COLLECTION, K_VIEW}),
+    Outside({K_ALTER, K_MLE, K_MODULE}),
+    Outside({K_ALTER, K_MLE, K_ENV}),
+    Outside({K_ALTER, K_ASSERTION}),
 
     Read({K_COMMENT}, ParseComment),
 
@@ -164,17 +178,16 @@ bool IsModifier(Word word) {
     case K_BIGFILE:
     case K_BITMAP:
     case K_BLOCKCHAIN:
-    case K_COLLECTION:
+    case K_CLEAN:
     case K_COMPILE:
-    case K_DUALITY:
     case K_DUPLICATED:
     case K_EDITIONABLE:
     case K_EDITIONING:
+    case K_FLEXIBLE:
     case K_FORCE:
     case K_GLOBAL:
     case K_HYBRID:
     case K_IMMUTABLE:
-    case K_JSON:
     case K_MANDATORY:
     case K_LOCAL:
     case K_MULTIVALUE:
@@ -184,15 +197,16 @@ bool IsModifier(Word word) {
     case K_OR:
     case K_PRIVATE:
     case K_PUBLIC:
-    case K_RELATIONAL:
     case K_REPLACE:
     case K_RESOLVE:
+    case K_SEARCH:
     case K_SHARDED:
     case K_SHARED:
     case K_SMALLFILE:
     case K_TEMPORARY:
     case K_UNDO:
     case K_UNIQUE:
+    case K_USECASE:
     case K_VECTOR: return true;
     default: return false;
   }

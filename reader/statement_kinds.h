@@ -18,7 +18,7 @@ enum class Extent : std::uint8_t {
 
 // A kind of statement, told by its first words.
 struct StatementKind {
-  std::array<Word, 4> words;  // without the modifiers between them, such as OR REPLACE
+  std::array<Word, 5> words;  // without the modifiers between them, such as OR REPLACE
   Extent extent = Extent::Sql;
   ParseFunction parse = nullptr;  // null: outside the data model
 

@@ -396,7 +396,7 @@ TEST_F(Cli, RenderPrintsEveryStatementBeforeASlash) {
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.out,
             "CREATE SEQUENCE s1 Cache 5;\n/\nCREATE TABLE t( a NUMBER) PCTFREE 5;\n/\n");
-  EXPECT_TRUE(Contains(result.err, "s.sql:2:14: note: ALTER VIEW READ is skipped\n"));
+  EXPECT_TRUE(Contains(result.err, "s.sql:2:14: note: clause READ ONLY is skipped\n"));
   EXPECT_EQ(Run({"render", "-"}, {.in = "create sequence s1;"}).out, "CREATE SEQUENCE s1;\n/\n");
 }
 

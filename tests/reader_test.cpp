@@ -337,7 +337,7 @@ TEST(ScriptReader, CountsWhatIsOutsideTheModel) {
             "7:14 note #1 IF NOT EXISTS is skipped\n"
             "8:1 note ALTER SESSION is outside the data model; such statements are left out\n"
             "8:26 note SELECT is outside the data model; such statements are left out\n"
-            "8:60 note ALTER VIEW READ is skipped\n");
+            "8:60 note clause READ ONLY is skipped\n");
   EXPECT_EQ(result.statements.size(), 1U);
   EXPECT_EQ(result.unread, 1U);
   EXPECT_EQ(result.outside, 6U);
