@@ -53,6 +53,11 @@ bool IsAlterClause(TokenStream const& in) {
   }
 }
 
+// [DOMAIN] before the name of a domain that is the datatype; the word may be left out.
+bool AcceptDomain(TokenStream& in) {
+  return IsName(in.Peek(1)) && in.Accept(K_DOMAIN);
+}
+
 // Whether a column has no datatype, because ALTER TABLE changes something else of it.
 bool StartsChange(TokenStream const& in) {
   return in.Is(K_DROP) || in.Is(K_COLLATE) || in.Is(K_ADD, K_DOMAIN) || in.Is(K_READ, K_ONLY) ||
@@ -190,7 +195,8 @@ std::unique_ptr<REPRelTableColumn> ParseColumn(TokenStream& in) {
   in.StartClause("column");
   column->SetColumnName(ParseSimpleName(in).release());
   // In a list before AS SELECT the datatype comes from the query.
-  if (!AtListEnd(in) && !StartsChange(in) && (in.Is(K_REF) || !IsColumnClause(in)))
+  if (!AtListEnd(in) && !StartsChange(in) &&
+      (in.Is(K_REF) || AcceptDomain(in) || !IsColumnClause(in)))
     column->SetDatatype(ParseDatatype(in).release());
   while (ParseColumnClause(in, *column)) {
   }

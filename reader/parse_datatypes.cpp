@@ -18,10 +18,18 @@ bool ParseLength(TokenStream& in, REPDatatype& type) {
   return true;
 }
 
+// n; 0 is what a datatype without a precision has, and means something else.
+char const* ParseDigits(TokenStream& in) {
+  auto const& token = in.Peek();
+  auto const digits = in.ExpectNumber();
+  if (digits == "0") in.Note(token, "precision 0 of a datatype is skipped");
+  return in.Copy(digits);
+}
+
 // [( n )]
 void ParsePrecision(TokenStream& in, REPDatatype& type) {
   if (!in.Accept('(')) return;
-  type.SetPrecision(in.Copy(in.ExpectNumber()));
+  type.SetPrecision(ParseDigits(in));
   in.Expect(')');
 }
 
@@ -61,8 +69,13 @@ void ParseNumber(TokenStream& in, REPDatatype& type, REPNumtype_e keyword) {
   type.SetNumType(keyword);
   if (!in.Accept('(')) return;
   type.SetDataType(REPDatatype_e::NumberSized);
-  if (!in.Accept('*')) type.SetPrecision(in.Copy(in.ExpectNumber()));
-  if (in.Accept(',')) type.SetScale(in.Copy(in.ExpectNumber()));
+  bool const any_precision = in.Accept('*');
+  if (!any_precision) type.SetPrecision(in.Copy(in.ExpectNumber()));
+  if (in.Accept(',')) {
+    // A scale needs a precision, and "*" is the greatest there is.
+    if (any_precision) type.SetPrecision(38);
+    type.SetScale(in.Copy(in.ExpectNumber()));
+  }
   in.Expect(')');
 }
 
@@ -89,7 +102,7 @@ void ParseInterval(TokenStream& in, REPDatatype& type) {
   ParsePrecision(in, type);
   in.Expect(K_TO, K_SECOND);
   if (!in.Accept('(')) return;
-  type.SetPrecision2(in.Copy(in.ExpectNumber()));
+  type.SetPrecision2(ParseDigits(in));
   in.Expect(')');
 }
 

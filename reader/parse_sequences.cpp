@@ -74,6 +74,7 @@ bool SkipNewerOption(TokenStream& in) {
     default: return false;
   }
   in.Next();
+  if (option.word == K_RESTART && in.Accept(K_START, K_WITH)) in.ExpectNumber();
   if (!in.Accept(K_EXTEND)) in.Accept(K_NOEXTEND);
   in.Note(option, "clause " + std::string(TextOf(option.word)) + " is skipped");
   return true;

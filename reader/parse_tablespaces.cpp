@@ -4,6 +4,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "reader/replace.h"
 #include "repora/core/letters.h"
 #include "repora/database/alter_tablespace.h"
@@ -105,7 +106,11 @@ bool ParseDefaults(TokenStream& in, Statement& tablespace) {
       tablespace.SetCompress(ParseDefaultCompression(in));
       holds = true;
     } else if (in.Accept(K_TABLE) || in.Accept(K_ROW, K_STORE) || in.Accept(K_COLUMN, K_STORE)) {
-      if (!in.Is(K_COMPRESS) && !in.Is(K_NOCOMPRESS)) in.Fail("COMPRESS or NOCOMPRESS");
+      bool const in_memory = in.Is(K_INMEMORY) || in.Is(K_NO, K_INMEMORY);
+      if (!in.Is(K_COMPRESS) && !in.Is(K_NOCOMPRESS) && !in_memory)
+        in.Fail("COMPRESS or NOCOMPRESS");
+    } else if (SkipClause(in, ClausePlace::TablespaceDefaults)) {
+      // Said.
     } else if (in.Is(K_ILM) || in.Is(K_INDEX) || in.Is(K_INMEMORY) || in.Is(K_NO)) {
       SkipClause(in);
     } else {

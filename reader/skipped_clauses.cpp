@@ -75,6 +75,7 @@ constexpr auto kView = In(ClausePlace::View);
 constexpr auto kAlterView = In(ClausePlace::AlterView);
 constexpr auto kMaterialized = In(ClausePlace::MaterializedView);
 constexpr auto kLog = In(ClausePlace::MaterializedViewLog);
+constexpr auto kDefaults = In(ClausePlace::TablespaceDefaults);
 
 struct Clause {
   unsigned places;
@@ -86,13 +87,15 @@ struct Clause {
 constexpr Clause kClauses[] = {
     // What is stored, how long, and how it is compressed in memory.
     {kTable | kPartition | kMaterialized | kIndex, "SEGMENT CREATION {IMMEDIATE | DEFERRED}"},
-    {kTable | kPartition | kMaterialized, "NO INMEMORY [()]"},
-    {kTable | kPartition | kMaterialized, "INMEMORY <inmemory>"},
-    {kTable | kPartition | kMaterialized | kIndex,
+    {kTable | kPartition | kMaterialized | kDefaults, "NO INMEMORY [()]"},
+    {kTable | kPartition | kMaterialized | kDefaults, "INMEMORY <inmemory>"},
+    {kTable | kPartition | kMaterialized | kIndex | kDefaults,
      "ILM {ADD POLICY <policy> | {DELETE | ENABLE | DISABLE} POLICY item | DELETE_ALL | ENABLE_ALL"
      " | DISABLE_ALL}"},
     {kTable | kPartition | kMaterialized | kColumn | kAlterView, "READ ONLY"},
     {kTable | kPartition | kMaterialized | kColumn | kAlterView, "READ WRITE"},
+    {kDefaults, "INDEX COMPRESS {ADVANCED [LOW | HIGH] | number}"},
+    {kDefaults, "INDEX NOCOMPRESS"},
     {kTable | kPartition, "INDEXING {ON | OFF}"},
     {kTable | kPartition, "FILESYSTEM_LIKE_LOGGING"},
     {kTable, "NO ROW ARCHIVAL"},

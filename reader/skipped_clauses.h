@@ -20,6 +20,7 @@ enum class ClausePlace : std::uint16_t {
   AlterView = 64,
   MaterializedView = 128,
   MaterializedViewLog = 256,
+  TablespaceDefaults = 512,
 };
 
 // Takes a clause that may stand there, noted as "clause X is skipped"; false when none comes that

@@ -774,7 +774,7 @@ TEST(Datatypes, AreOfTheirKindWhereTheTextDoesNotTell) {
   } const cases[] = {
       {"NUMBER", REPDatatype_e::Number, "NUMBER"},
       {"NUMBER(*)", REPDatatype_e::NumberSized, "NUMBER"},
-      {"NUMBER(*, 2)", REPDatatype_e::NumberSized, "NUMBER"},
+      {"NUMBER(*, 2)", REPDatatype_e::NumberSized, "NUMBER(38,2)"},
       {"DEC(5, -2)", REPDatatype_e::NumberSized, "DEC(5,-2)"},
       {"CHAR", REPDatatype_e::Char, "CHAR"},
       {"CHAR(3 BYTE)", REPDatatype_e::CharSized, "CHAR(3 BYTE)"},
