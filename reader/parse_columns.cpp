@@ -123,7 +123,7 @@ void TakeEditions(TokenStream& in) {
   }
 }
 
-// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [(...)] | (expression) [VIRTUAL |
+// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [options] | (expression) [VIRTUAL |
 //   MATERIALIZED] [editions]}
 void SkipGenerated(TokenStream& in) {
   auto const& token = in.Peek();
@@ -134,8 +134,8 @@ void SkipGenerated(TokenStream& in) {
   in.Expect(K_AS);
   bool const identity = in.Accept(K_IDENTITY);
   in.Note(token, identity ? "AS IDENTITY is skipped" : "expression of a virtual column is skipped");
-  if (!in.SkipParentheses() && !identity) in.Fail("'('");
-  if (identity) return;
+  if (identity) return TakeIdentityOptions(in);
+  if (!in.SkipParentheses()) in.Fail("'('");
   if (!in.Accept(K_VIRTUAL)) in.Accept(K_MATERIALIZED);
   TakeEditions(in);
 }

@@ -16,6 +16,7 @@ namespace {
 //   names      name [ASC | DESC] [, name [ASC | DESC]]...
 //   item       a name, number, string or all between parentheses
 //   number, string
+//   =, -       themselves
 //   ()         parentheses and all between them
 //   condition  all up to a word that ends a condition of ALTER TABLE
 //   rest       all up to the end of the statement
@@ -44,6 +45,11 @@ constexpr Rule kRules[] = {
      " | OPTIMIZE}"
      " [ROW | SEGMENT | GROUP]"
      " [AFTER number item OF {[NO | LOW] ACCESS | NO MODIFICATION | CREATION} | ON name]"},
+    {"identity",
+     "[START WITH {LIMIT VALUE | number} | INCREMENT BY [-] number | MAXVALUE [-] number"
+     " | MINVALUE [-] number | CACHE number | SCALE [EXTEND | NOEXTEND] | NOMAXVALUE | NOMINVALUE"
+     " | CYCLE | NOCYCLE | NOCACHE | ORDER | NOORDER | KEEP | NOKEEP | NOSCALE | SESSION"
+     " | GLOBAL]..."},
     {"xmltype",
      "[STORE ALL VARRAYS AS {LOBS | TABLES} | STORE AS OBJECT RELATIONAL"
      " | STORE AS [SECUREFILE | BASICFILE] {CLOB | [TRANSPORTABLE] BINARY XML} [id] [()]]"
@@ -329,7 +335,7 @@ bool Matcher::Terminal(std::string_view element) {
     return true;
   }
   if (element == "()") return in_.SkipParentheses();
-  if (element == "=") return in_.Accept('=');
+  if (element == "=" || element == "-") return in_.Accept(element[0]);
   if (element == "name") return Name();
   if (element == "names") return Names();
   if (element == "item") return Item();
@@ -413,6 +419,10 @@ bool SkipClause(TokenStream& in, ClausePlace place) {
 
 bool TakeCompression(TokenStream& in) {
   return Matcher(in).Sequence("<compression>");
+}
+
+void TakeIdentityOptions(TokenStream& in) {
+  if (!in.SkipParentheses()) Matcher(in).Sequence("<identity>");
 }
 
 void TakeXmlTypeStorage(TokenStream& in) {

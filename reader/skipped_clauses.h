@@ -31,6 +31,10 @@ bool SkipClause(TokenStream& in, ClausePlace place);
 // none comes.
 bool TakeCompression(TokenStream& in);
 
+// [( option... ) | option...] of an identity column, with parentheses or as the database prints
+// them; not noted.
+void TakeIdentityOptions(TokenStream& in);
+
 // [STORE ...] [XMLSCHEMA ...] [ELEMENT ...] ..., of an XMLTYPE column or table; not noted either.
 void TakeXmlTypeStorage(TokenStream& in);
 
