@@ -37,15 +37,19 @@ void SkipToTail(TokenStream& in) {
   while (!in.AtEnd() && !IsTail(in) && !in.Is(K_ENABLE) && !in.Is(K_DISABLE)) in.SkipItem();
 }
 
-// The name of the partition that the clause changes. One that is given by a value of its key is
-// nothing the model can find.
-bool ParseTarget(TokenStream& in, Clause& clause) {
+// FOR (value, ...) ...: a partition that is given by a value of its key is nothing the model can
+// find.
+bool SkipTargetByValue(TokenStream& in) {
   auto const& token = in.Peek();
-  if (in.Is(K_FOR) && in.Peek(1).punctuation == '(') {
-    in.Note(token, "change of a partition FOR (...) is skipped");
-    SkipToTail(in);
-    return false;
-  }
+  if (!in.Is(K_FOR) || in.Peek(1).punctuation != '(') return false;
+  in.Note(token, "change of a partition FOR (...) is skipped");
+  SkipToTail(in);
+  return true;
+}
+
+// The name of the partition that the clause changes.
+bool ParseTarget(TokenStream& in, Clause& clause) {
+  if (SkipTargetByValue(in)) return false;
   clause.SetPartitionName(ParseSimpleName(in).release());
   return true;
 }
@@ -356,10 +360,15 @@ bool ParseMovePartition(TokenStream& in, Clause& clause) {
   return true;
 }
 
-// name [VALUES (...)] [partitioning_storage], of which SUBPARTITION was taken
+// name [ONLINE] [VALUES (...)] [partitioning_storage]
 bool ParseMoveSubpartition(TokenStream& in, Clause& clause) {
-  in.StepBack();
-  clause.SetSubPartitionSpec1(ParseSubPartition(in).release());
+  if (SkipTargetByValue(in)) return false;
+  auto subpartition = std::make_unique<REPSubPartitionSpec>();
+  subpartition->SetSubPartition(ParseSimpleName(in).release());
+  SkipOnline(in);
+  if (in.Accept(K_VALUES)) subpartition->SetListValues(ParseListValues(in).release());
+  subpartition->SetStorageClauses(ParsePartitioningStorage(in).release());
+  clause.SetSubPartitionSpec1(subpartition.release());
   return true;
 }
 

@@ -123,12 +123,12 @@ void TakeEditions(TokenStream& in) {
   }
 }
 
-// [GENERATED {ALWAYS | BY DEFAULT [ON NULL]}] AS {IDENTITY [options] | (expression) [VIRTUAL |
+// [GENERATED [ALWAYS | BY DEFAULT [ON NULL]]] AS {IDENTITY [options] | (expression) [VIRTUAL |
 //   MATERIALIZED] [editions]}
 void SkipGenerated(TokenStream& in) {
   auto const& token = in.Peek();
-  if (in.Accept(K_GENERATED) && !in.Accept(K_ALWAYS)) {
-    in.Expect(K_BY, K_DEFAULT);
+  if (in.Accept(K_GENERATED) && !in.Accept(K_ALWAYS) && in.Accept(K_BY)) {
+    in.Expect(K_DEFAULT);
     in.Accept(K_ON, K_NULL);
   }
   in.Expect(K_AS);

@@ -443,7 +443,7 @@ std::unique_ptr<REPTablePartitioningClause> ParseTablePartitioning(TokenStream& 
 
 std::unique_ptr<REPName> ParsePartitionName(TokenStream& in) {
   auto const& token = in.Peek();
-  bool const named = token.kind == TokenKind::QuotedName ||
+  bool const named = token.kind == TokenKind::QuotedName || in.Peek(1).word == K_VALUES ||
                      (token.kind == TokenKind::Word && token.word != K_VALUES &&
                       token.word != K_AT && !StartsAttribute(in) && !EndsAttributes(token.word));
   return named ? ParseSimpleName(in) : nullptr;

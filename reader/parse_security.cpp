@@ -4,6 +4,7 @@
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
 #include "reader/parse_strings.h"
+#include "reader/skipped_clauses.h"
 #include "repora/code/contexts.h"
 #include "repora/code/database_links.h"
 #include "repora/code/directories.h"
@@ -81,46 +82,6 @@ std::unique_ptr<REPCreateUserQuota> ParseQuota(TokenStream& in) {
   return quota;
 }
 
-// NO AUTHENTICATION | READ {ONLY | WRITE} | [HTTP] DIGEST {ENABLE | DISABLE}
-bool AcceptNewerUserOption(TokenStream& in) {
-  return in.Accept(K_NO, K_AUTHENTICATION) || in.Accept(K_READ, K_ONLY) ||
-         in.Accept(K_READ, K_WRITE) || in.Accept(K_HTTP, K_DIGEST, K_ENABLE) ||
-         in.Accept(K_HTTP, K_DIGEST, K_DISABLE) || in.Accept(K_DIGEST, K_ENABLE) ||
-         in.Accept(K_DIGEST, K_DISABLE);
-}
-
-// [FOR word [, word]...] [FORCE], behind ENABLE EDITIONS
-void SkipEditions(TokenStream& in) {
-  if (in.Accept(K_FOR)) {
-    do ParseSimpleName(in);
-    while (in.Accept(','));
-  }
-  if (in.Is(K_FORCE)) in.Advance();
-}
-
-// DEFAULT COLLATION name | LOCAL TEMPORARY TABLESPACE name | ENABLE EDITIONS ... | CONTAINER = word
-//   and those above: newer options that a user has no place for
-bool SkipNewerUserOption(TokenStream& in) {
-  if (SkipPlacement(in)) return true;
-  auto const& token = in.Peek();
-  auto const mark = in.Mark();
-  auto const note = [&] {
-    in.Note(token, "clause " + std::string(in.TextSince(mark)) + " is skipped");
-  };
-  if (AcceptNewerUserOption(in)) {
-    note();
-  } else if (in.Accept(K_DEFAULT, K_COLLATION) || in.Accept(K_LOCAL, K_TEMPORARY, K_TABLESPACE)) {
-    note();
-    ParseSimpleName(in);
-  } else if (in.Accept(K_ENABLE, K_EDITIONS)) {
-    note();
-    SkipEditions(in);
-  } else {
-    return false;
-  }
-  return true;
-}
-
 void ParseUserOption(TokenStream& in, REPCreateUser& user) {
   if (in.Accept(K_IDENTIFIED)) {
     ParseIdentification(in, user);
@@ -139,7 +100,7 @@ void ParseUserOption(TokenStream& in, REPCreateUser& user) {
     bool const lock = in.Accept(K_LOCK);
     if (!lock) in.Expect(K_UNLOCK);
     user.SetAccount(lock ? REPUserAccount_e::Lock : REPUserAccount_e::Unlock);
-  } else if (!SkipNewerUserOption(in)) {
+  } else if (!SkipPlacement(in) && !SkipClause(in, ClausePlace::User)) {
     in.Fail("an option of the user");
   }
 }

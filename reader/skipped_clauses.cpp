@@ -57,10 +57,14 @@ constexpr Rule kRules[] = {
      " [ALLOW NONSCHEMA | ALLOW ANYSCHEMA | DISALLOW NONSCHEMA | DISALLOW ANYSCHEMA]..."
      " [VIRTUAL COLUMNS ()]"},
     {"joined", "JOIN {name ON () | name name ON ()}"},
-    {"clustering",
-     "[{name <joined> | name name <joined>} [<joined>]...]"
-     " [BY [LINEAR | INTERLEAVED] ORDER ()] [{YES | NO} ON LOAD] [{YES | NO} ON DATA MOVEMENT]"
+    {"when",
+     "[{YES | NO} ON LOAD] [{YES | NO} ON DATA MOVEMENT]"
      " [WITH MATERIALIZED ZONEMAP [()] | WITHOUT MATERIALIZED ZONEMAP]"},
+    {"clustering",
+     "{[{name <joined> | name name <joined>} [<joined>]...] BY [LINEAR | INTERLEAVED] ORDER ()"
+     " | {YES | NO} ON {LOAD | DATA MOVEMENT} | WITH MATERIALIZED ZONEMAP [()]"
+     " | WITHOUT MATERIALIZED ZONEMAP}"
+     " <when>"},
     {"replication", "[ALL KEYS | ALLOW NOVALIDATE KEYS | PARTIAL JSON]..."},
     {"edition", "{CURRENT EDITION | NULL EDITION | EDITION name}"},
     {"vector",
@@ -81,6 +85,7 @@ constexpr auto kView = In(ClausePlace::View);
 constexpr auto kAlterView = In(ClausePlace::AlterView);
 constexpr auto kMaterialized = In(ClausePlace::MaterializedView);
 constexpr auto kLog = In(ClausePlace::MaterializedViewLog);
+constexpr auto kUser = In(ClausePlace::User);
 constexpr auto kDefaults = In(ClausePlace::TablespaceDefaults);
 
 struct Clause {
@@ -146,6 +151,9 @@ constexpr Clause kClauses[] = {
     {kTable, "EXTERNAL PARTITION ATTRIBUTES () [REJECT LIMIT item]"},
     {kPartition,
      "EXTERNAL [DEFAULT DIRECTORY name | LOCATION () | ACCESS PARAMETERS item | TYPE name]..."},
+    {kPartition, "DEFAULT DIRECTORY name"},
+    {kPartition, "LOCATION ()"},
+    {kPartition, "ACCESS PARAMETERS item"},
     // What ALTER TABLE changes of it.
     {kAlter, "ADD CLUSTERING <clustering>"},
     {kAlter, "MODIFY CLUSTERING <clustering>"},
@@ -213,6 +221,21 @@ constexpr Clause kClauses[] = {
     {kAlterView, "MODIFY [COLUMN] {() | name ANNOTATIONS ()}", "MODIFY ANNOTATIONS"},
     {kAlterView, "EDITIONABLE"},
     {kAlterView, "NONEDITIONABLE"},
+    // Users.
+    {kUser, "READ ONLY"},
+    {kUser, "READ WRITE"},
+    {kUser, "NO AUTHENTICATION"},
+    {kUser, "HTTP DIGEST ENABLE"},
+    {kUser, "HTTP DIGEST DISABLE"},
+    {kUser, "DIGEST ENABLE"},
+    {kUser, "DIGEST DISABLE"},
+    {kUser, "DEFAULT COLLATION name"},
+    {kUser, "LOCAL TEMPORARY TABLESPACE name"},
+    {kUser, "ENABLE EDITIONS [FOR names] [FORCE]"},
+    {kUser, "ENABLE DICTIONARY PROTECTION"},
+    {kUser, "DISABLE DICTIONARY PROTECTION"},
+    {kUser, "AND FACTOR string [AS string]"},
+    // Materialized views and their logs.
     {kMaterialized, "EVALUATE USING <edition>"},
     {kMaterialized, "UNUSABLE BEFORE <edition>"},
     {kMaterialized, "UNUSABLE BEGINNING WITH <edition>"},

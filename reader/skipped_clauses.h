@@ -21,6 +21,7 @@ enum class ClausePlace : std::uint16_t {
   MaterializedView = 128,
   MaterializedViewLog = 256,
   TablespaceDefaults = 512,
+  User = 1024,
 };
 
 // Takes a clause that may stand there, noted as "clause X is skipped"; false when none comes that
