@@ -73,9 +73,11 @@ bool SkipNewerOption(TokenStream& in) {
     case K_RESTART: break;
     default: return false;
   }
+  auto const mark = in.Mark();
   in.Next();
   if (option.word == K_RESTART && in.Accept(K_START, K_WITH)) in.ExpectNumber();
   if (!in.Accept(K_EXTEND)) in.Accept(K_NOEXTEND);
+  in.ForgetKeywords(mark);
   in.Note(option, "clause " + std::string(TextOf(option.word)) + " is skipped");
   return true;
 }

@@ -354,7 +354,7 @@ bool Matcher::Terminal(std::string_view element) {
   if (IsPlainWord(element)) {
     if (token.kind != TokenKind::Word || !EqualsIgnoringCase(in_.TextOf(token), element))
       return false;
-    in_.Next();
+    in_.Advance();
     return true;
   }
   if (element == "()") return in_.SkipParentheses();
@@ -364,22 +364,22 @@ bool Matcher::Terminal(std::string_view element) {
   if (element == "item") return Item();
   if (element == "condition") return Condition();
   if (element == "rest") {
-    while (!in_.AtEnd()) in_.Next();
+    while (!in_.AtEnd()) in_.Advance();
     return true;
   }
   bool const fits = element == "number"   ? token.kind == TokenKind::Number
                     : element == "string" ? token.kind == TokenKind::String
                                           : IsName(token) && token.word == K_NONE;  // id
-  if (fits) in_.Next();
+  if (fits) in_.Advance();
   return fits;
 }
 
 bool Matcher::Name() {
   if (!IsName(in_.Peek())) return false;
-  in_.Next();
+  in_.Advance();
   while (in_.Is('.') && IsName(in_.Peek(1))) {
-    in_.Next();
-    in_.Next();
+    in_.Advance();
+    in_.Advance();
   }
   return true;
 }
@@ -396,7 +396,7 @@ bool Matcher::Item() {
   if (Name() || in_.SkipParentheses()) return true;
   auto const kind = in_.Peek().kind;
   if (kind != TokenKind::Number && kind != TokenKind::String) return false;
-  in_.Next();
+  in_.Advance();
   return true;
 }
 
