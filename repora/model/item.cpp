@@ -1,6 +1,20 @@
 #include "repora/model/item.h"
 
 #include <algorithm>
+#include <new>
+
+using repora::ChunkMemory;
+
+MOXActionSummaryItem* MOXActionSummaryItem::Make() {
+  auto const part = ChunkMemory::Take(ChunkMemory::kItems, sizeof(MOXActionSummaryItem));
+  return new (part.memory) MOXActionSummaryItem(part.in_chunk);
+}
+
+void MOXActionSummaryItem::Destroy() {
+  ChunkMemory::Part const part{this, references_.InChunk()};
+  this->~MOXActionSummaryItem();
+  ChunkMemory::Give(ChunkMemory::kItems, part, sizeof(MOXActionSummaryItem));
+}
 
 void MOXActionSummaryItem::SetProperty(MOXId id, QELValue value) {
   properties_.Set(id, std::move(value));
@@ -27,6 +41,10 @@ bool MOXActionSummaryItem::GetPropertyValue(MOXId id, QELValue& value) const {
 
 std::vector<MOXId> MOXActionSummaryItem::RemovedProperties() const {
   return removed_ ? *removed_ : std::vector<MOXId>();
+}
+
+bool MOXActionSummaryItem::HasRemoved(MOXId id) const {
+  return removed_ && std::binary_search(removed_->begin(), removed_->end(), id);
 }
 
 MOXItemMap::Items::const_iterator MOXItemMap::LowerBound(std::uint32_t id) const {
@@ -64,6 +82,7 @@ void MOXActionSummary::AddItem(Types_e kind, MOXActionSummaryItem* item) {
   if (!item) return;
   item->AddReference();
   if (auto* const replaced = items_.Insert(item)) replaced->RemoveReference();
+  if (kind == eCreated && (existing_.empty() || existing_.back() < item->Id())) return;
   auto const place = std::lower_bound(existing_.begin(), existing_.end(), item->Id());
   bool const known = place != existing_.end() && *place == item->Id();
   if (kind == eExisting && !known) existing_.insert(place, item->Id());
@@ -71,7 +90,8 @@ void MOXActionSummary::AddItem(Types_e kind, MOXActionSummaryItem* item) {
 }
 
 bool MOXActionSummary::IsExisting(std::uint32_t id) const {
-  return std::binary_search(existing_.begin(), existing_.end(), id);
+  return !existing_.empty() && id <= existing_.back() &&
+         std::binary_search(existing_.begin(), existing_.end(), id);
 }
 
 MOXActionSummary::~MOXActionSummary() {

@@ -30,13 +30,15 @@ class MOXProperty {
 // One object created or touched by a run. Reference counted: the creator holds the first reference.
 class MOXActionSummaryItem {
  public:
-  MOXActionSummaryItem() = default;
+  MOXActionSummaryItem() : MOXActionSummaryItem(false) {}
+  // One beside the others of the run (see ChunkMemory).
+  static MOXActionSummaryItem* Make();
   MOXActionSummaryItem(MOXActionSummaryItem const&) = delete;
   MOXActionSummaryItem& operator=(MOXActionSummaryItem const&) = delete;
 
-  void AddReference() { ++references_; }
+  void AddReference() { references_.Add(); }
   void RemoveReference() {
-    if (--references_ == 0) delete this;
+    if (references_.Drop()) Destroy();
   }
 
   std::uint32_t Id() const { return id_; }
@@ -64,11 +66,14 @@ class MOXActionSummaryItem {
   repora::PropertySet const& Properties() const { return properties_; }
   // Ids removed and not set again since, sorted.
   std::vector<MOXId> RemovedProperties() const;
+  bool HasRemoved(MOXId id) const;
 
  private:
+  explicit MOXActionSummaryItem(bool in_chunk) : references_(in_chunk) {}
   ~MOXActionSummaryItem() = default;
+  void Destroy();
 
-  std::uint32_t references_ = 1;
+  repora::ShareCount references_;
   std::uint32_t id_ = 0;
   MOXId type_ = 0;
   std::uint32_t owner_ = 0;

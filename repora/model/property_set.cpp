@@ -1,44 +1,66 @@
 #include "repora/model/property_set.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <new>
 #include <stdexcept>
 
 namespace repora {
+namespace {
+
+constexpr std::size_t kRoom = 4;  // entries that a set begins with and grows by
+
+}  // namespace
+
+PropertySet::Block* PropertySet::Make(std::size_t capacity) {
+  auto const part =
+      ChunkMemory::Take(ChunkMemory::kProperties, sizeof(Block) + capacity * sizeof(Entry));
+  return new (part.memory)
+      Block{ShareCount(part.in_chunk), 0, static_cast<std::uint16_t>(capacity)};
+}
+
+void PropertySet::Give(Block* block) {
+  ChunkMemory::Give(ChunkMemory::kProperties, {block, block->count.InChunk()},
+                    sizeof(Block) + block->capacity * sizeof(Entry));
+}
 
 void PropertySet::Destroy(Block* block) {
   std::destroy_n(block->Entries(), block->size);
-  ::operator delete(block);
+  Give(block);
 }
 
 void PropertySet::MakeOwn(std::size_t capacity) {
-  if (block_ && block_->references == 1 && block_->capacity >= capacity) return;
+  bool const is_shared = block_ && block_->count.IsShared();
+  if (block_ && !is_shared && block_->capacity >= capacity) return;
   if (capacity > std::numeric_limits<std::uint16_t>::max())
     throw std::length_error("too many properties of one object");
-  auto* const block = new (::operator new(sizeof(Block) + capacity * sizeof(Entry)))
-      Block{1, 0, static_cast<std::uint16_t>(capacity)};
+  if (block_ && !is_shared &&
+      ChunkMemory::Grow(ChunkMemory::kProperties, {block_, block_->count.InChunk()},
+                        sizeof(Block) + block_->capacity * sizeof(Entry),
+                        sizeof(Block) + capacity * sizeof(Entry))) {
+    block_->capacity = static_cast<std::uint16_t>(capacity);
+    return;
+  }
+  auto* const block = Make(capacity);
   if (block_) {
     block->size = block_->size;
-    if (block_->references == 1) {
-      std::uninitialized_move_n(block_->Entries(), block_->size, block->Entries());
-      Destroy(block_);
-    } else {
+    if (is_shared) {
       std::uninitialized_copy_n(block_->Entries(), block_->size, block->Entries());
-      --block_->references;
+      block_->count.Drop();
+    } else {
+      // Entries hold no pointer to themselves: their bytes can move.
+      std::memcpy(static_cast<void*>(block->Entries()), block_->Entries(),
+                  block_->size * sizeof(Entry));
+      Give(block_);
     }
   }
   block_ = block;
 }
 
-PropertySet::Entry const* PropertySet::LowerBound(MOXId id) const {
-  return std::lower_bound(begin(), end(), id,
-                          [](Entry const& entry, MOXId wanted) { return entry.id < wanted; });
-}
-
 void PropertySet::Set(MOXId id, QELValue value) {
-  auto const* const place = LowerBound(id);
+  auto const* const place = Place(id);
   auto const index = static_cast<std::size_t>(place - begin());
   if (place != end() && place->id == id) {
     MakeOwn(size());
@@ -46,28 +68,22 @@ void PropertySet::Set(MOXId id, QELValue value) {
     return;
   }
   auto const room = block_ ? std::size_t{block_->capacity} : 0;
-  // Grows by half: most objects end with six to twelve properties.
-  MakeOwn(size() < room ? room : std::max<std::size_t>(4, room + room / 2));
-  auto* const entries = block_->Entries();
-  auto* const last = new (entries + block_->size) Entry{id, std::move(value)};
+  MakeOwn(size() < room ? room : room + std::max(kRoom, room / 2 / kRoom * kRoom));
+  auto* const entry = block_->Entries() + index;
+  std::memmove(static_cast<void*>(entry + 1), entry, (block_->size - index) * sizeof(Entry));
+  new (entry) Entry{id, std::move(value)};
   ++block_->size;
-  std::rotate(entries + index, last, last + 1);
 }
 
 void PropertySet::Remove(MOXId id) {
-  auto const* const place = LowerBound(id);
+  auto const* const place = Place(id);
   if (place == end() || place->id != id) return;
   auto const index = static_cast<std::size_t>(place - begin());
   MakeOwn(size());
-  auto* const entries = block_->Entries();
-  std::move(entries + index + 1, entries + block_->size, entries + index);
+  auto* const entry = block_->Entries() + index;
+  std::destroy_at(entry);
   --block_->size;
-  std::destroy_at(entries + block_->size);
-}
-
-QELValue const* PropertySet::Find(MOXId id) const {
-  auto const* const place = LowerBound(id);
-  return place != end() && place->id == id ? &place->value : nullptr;
+  std::memmove(static_cast<void*>(entry), entry + 1, (block_->size - index) * sizeof(Entry));
 }
 
 }  // namespace repora

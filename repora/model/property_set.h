@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "repora/model/chunk_memory.h"
 #include "repora/model/ids.h"
 #include "repora/model/value.h"
 
@@ -22,7 +23,7 @@ class PropertySet {
 
   PropertySet() = default;
   PropertySet(PropertySet const& other) : block_(other.block_) {
-    if (block_) ++block_->references;
+    if (block_) block_->count.Add();
   }
   PropertySet(PropertySet&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
   PropertySet& operator=(PropertySet other) noexcept {
@@ -30,12 +31,16 @@ class PropertySet {
     return *this;
   }
   ~PropertySet() {
-    if (block_ && --block_->references == 0) Destroy(block_);
+    if (block_ && block_->count.Drop()) Destroy(block_);
   }
 
   void Set(MOXId id, QELValue value);
   void Remove(MOXId id);
-  QELValue const* Find(MOXId id) const;  // null when absent; valid until the next change
+  // Null when absent; valid until the next change.
+  QELValue const* Find(MOXId id) const {
+    auto const* const place = Place(id);
+    return place != end() && place->id == id ? &place->value : nullptr;
+  }
 
   Entry const* begin() const { return block_ ? block_->Entries() : nullptr; }
   Entry const* end() const { return begin() + size(); }
@@ -44,14 +49,22 @@ class PropertySet {
 
  private:
   struct Block {
-    std::uint32_t references;
+    ShareCount count;
     std::uint16_t size;
     std::uint16_t capacity;
     Entry* Entries() { return reinterpret_cast<Entry*>(this + 1); }
   };
 
+  static Block* Make(std::size_t capacity);
+  static void Give(Block* block);
   static void Destroy(Block* block);
-  Entry const* LowerBound(MOXId id) const;
+  // The first entry with that id or a higher one. There are few, and they are mostly set in the
+  // order of their ids, so the walk from the end is short.
+  Entry const* Place(MOXId id) const {
+    auto const* place = end();
+    while (place != begin() && (place - 1)->id >= id) --place;
+    return place;
+  }
   // Makes the contents this set's own, with room for so many entries.
   void MakeOwn(std::size_t capacity);
 

@@ -2,15 +2,37 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
+#include <stdexcept>
 
-// Text elements carry their own terminator-free strings; references and 64-bit numbers share one
-// layout of plain numbers.
-struct QELValue::Vectors {
-  std::uint32_t references = 1;
+using repora::ChunkMemory;
+using repora::ShareCount;
+
+// The contents of every kind begin with the count, as those of a text do.
+struct QELValue::Texts {
+  ShareCount count;
   std::vector<std::string> texts;
-  std::vector<std::uint32_t> ids;
-  std::vector<std::int64_t> numbers;
+};
+
+// Followed by its elements.
+struct QELValue::Numbers {
+  ShareCount count;
+  std::uint32_t size;  // both in bytes
+  std::uint32_t capacity;
+  std::uint32_t unused;
+
+  void* Begin() { return this + 1; }
+
+  static Numbers* Make(std::size_t capacity) {
+    if (capacity > UINT32_MAX) throw std::length_error("vector of 4 GiB or more");
+    auto const part = ChunkMemory::Take(ChunkMemory::kContents, sizeof(Numbers) + capacity);
+    return new (part.memory)
+        Numbers{ShareCount(part.in_chunk), 0, static_cast<std::uint32_t>(capacity), 0};
+  }
+  static void Release(Numbers* numbers) {
+    if (numbers->count.Drop())
+      ChunkMemory::Give(ChunkMemory::kContents, {numbers, numbers->count.InChunk()},
+                        sizeof(Numbers) + numbers->capacity);
+  }
 };
 
 QELValue::QELValue(char const* text) : QELValue(std::string_view(text ? text : "")) {}
@@ -22,7 +44,7 @@ QELValue::QELValue(repora::SharedText text) {
 }
 
 QELValue::QELValue(std::vector<std::string> const& texts) {
-  SetPointer(new Vectors{1, texts, {}, {}}, eTextVector);
+  SetPointer(new Texts{ShareCount(false), texts}, eTextVector);
 }
 
 QELValue::QELValue(QELShortId reference) : payload_{reference.Id(), 0}, kind_(eShortId) {}
@@ -41,65 +63,71 @@ QELValue QELValue::FromBoolean(bool value) {
   return result;
 }
 
-QELValue::QELValue(QELValue const& other)
-    : payload_{other.payload_[0], other.payload_[1]}, kind_(other.kind_) {
-  if (kind_ == eText)
-    SetPointer(repora::SharedText::Share(other.Pointer()).Detach(), eText);
-  else if (auto const* contents = Contents())
-    ++const_cast<Vectors*>(contents)->references;
+QELValue QELValue::FromShortIds(std::span<std::uint32_t const> ids) {
+  QELValue result;
+  if (ids.empty()) return result;
+  auto* const numbers = Numbers::Make(ids.size_bytes());
+  std::memcpy(numbers->Begin(), ids.data(), ids.size_bytes());
+  numbers->size = numbers->capacity;
+  result.SetPointer(numbers, eShortIdVector);
+  return result;
 }
 
-void QELValue::Swap(QELValue& other) noexcept {
-  std::swap(payload_[0], other.payload_[0]);
-  std::swap(payload_[1], other.payload_[1]);
-  std::swap(kind_, other.kind_);
+template <class Element>
+std::span<Element const> QELValue::Elements(Kind_e kind) const {
+  if (kind_ != kind) return {};
+  auto* const numbers = static_cast<Numbers*>(Pointer());
+  return {static_cast<Element const*>(numbers->Begin()), numbers->size / sizeof(Element)};
 }
 
-void* QELValue::Pointer() const {
-  void* pointer = nullptr;
-  std::memcpy(&pointer, payload_, sizeof pointer);
-  return pointer;
-}
-
-void QELValue::SetPointer(void* pointer, Kind_e kind) {
-  static_assert(sizeof pointer <= sizeof payload_);
-  std::memcpy(payload_, &pointer, sizeof pointer);
-  kind_ = kind;
-}
-
-QELValue::Vectors const* QELValue::Contents() const {
-  return kind_ == eTextVector || kind_ == eShortIdVector || kind_ == eInt64Vector
-             ? static_cast<Vectors const*>(Pointer())
-             : nullptr;
-}
-
-QELValue::Vectors* QELValue::StartAppend(Kind_e kind) {
-  if (kind_ == eEmpty) SetPointer(new Vectors, kind);
-  if (kind_ != kind) return nullptr;
-  auto* contents = static_cast<Vectors*>(Pointer());
-  if (contents->references > 1) {
-    auto* const copy = new Vectors(*contents);
-    copy->references = 1;
-    --contents->references;
-    SetPointer(copy, kind);
-    contents = copy;
+template <class Element>
+void QELValue::Append(Kind_e kind, Element element) {
+  if (kind_ != eEmpty && kind_ != kind) return;
+  auto* numbers = kind_ == eEmpty ? nullptr : static_cast<Numbers*>(Pointer());
+  auto const size = numbers ? std::size_t{numbers->size} : 0;
+  if (!numbers || numbers->count.IsShared() || size == numbers->capacity) {
+    auto* const larger = Numbers::Make(std::max(sizeof element, 2 * size));
+    if (numbers) {
+      std::memcpy(larger->Begin(), numbers->Begin(), size);
+      Numbers::Release(numbers);
+    }
+    numbers = larger;
+    SetPointer(numbers, kind);
   }
-  return contents;
+  std::memcpy(static_cast<char*>(numbers->Begin()) + size, &element, sizeof element);
+  numbers->size = static_cast<std::uint32_t>(size + sizeof element);
 }
 
 QELValue& QELValue::operator+=(QELShortId reference) {
-  if (auto* contents = StartAppend(eShortIdVector)) contents->ids.push_back(reference.Id());
+  Append(eShortIdVector, reference.Id());
   return *this;
 }
 
 QELValue& QELValue::operator+=(char const* text) {
-  if (auto* contents = StartAppend(eTextVector)) contents->texts.emplace_back(text ? text : "");
+  if (kind_ == eEmpty) SetPointer(new Texts{ShareCount(false), {}}, eTextVector);
+  if (kind_ != eTextVector) return *this;
+  auto* contents = static_cast<Texts*>(Pointer());
+  if (contents->count.IsShared()) {
+    auto* const copy = new Texts{ShareCount(false), contents->texts};
+    contents->count.Drop();
+    SetPointer(copy, eTextVector);
+    contents = copy;
+  }
+  contents->texts.emplace_back(text ? text : "");
   return *this;
 }
 
 QELValue& QELValue::operator+=(std::int64_t number) {
-  if (auto* contents = StartAppend(eInt64Vector)) contents->numbers.push_back(number);
+  Append(eInt64Vector, number);
   return *this;
+}
+
+std::span<std::uint32_t const> QELValue::ShortIds() const {
+  return Elements<std::uint32_t>(eShortIdVector);
+}
+
+std::span<std::int64_t const> QELValue::Int64s() const {
+  return Elements<std::int64_t>(eInt64Vector);
 }
 
 std::int32_t QELValue::Integer() const {
@@ -110,24 +138,14 @@ bool QELValue::Boolean() const {
   return (kind_ == eBoolean || kind_ == eInteger) && payload_[0] != 0;
 }
 
-std::uint32_t QELValue::ShortId() const {
-  return kind_ == eShortId ? payload_[0] : 0;
-}
-
-repora::SharedText QELValue::ShareText() const {
-  return kind_ == eText ? repora::SharedText::Share(Pointer()) : repora::SharedText();
-}
-
-std::string_view QELValue::View() const {
-  return kind_ == eText ? ShareText().view() : std::string_view();
-}
-
 std::string QELValue::AsString(bool /*full*/) const {
   auto const join = [](auto const& elements, auto text) {
     std::string result;
+    char const* separator = "";
     for (auto const& element : elements) {
-      if (&element != elements.data()) result += ", ";
+      result += separator;
       result += text(element);
+      separator = ", ";
     }
     return result;
   };
@@ -138,49 +156,56 @@ std::string QELValue::AsString(bool /*full*/) const {
     case eBoolean: return Boolean() ? "true" : "false";
     case eShortId: return std::to_string(ShortId());
     case eText: return String();
-    case eTextVector: return join(Contents()->texts, [](std::string const& text) { return text; });
-    case eShortIdVector: return join(Contents()->ids, number);
-    case eInt64Vector: return join(Contents()->numbers, number);
+    case eTextVector:
+      return join(static_cast<Texts const*>(Pointer())->texts,
+                  [](std::string const& text) { return text; });
+    case eShortIdVector: return join(ShortIds(), number);
+    case eInt64Vector: return join(Int64s(), number);
   }
   return {};
 }
 
 bool QELValue::GetStringVector(std::vector<std::string>& texts) const {
   texts.clear();
-  if (kind_ == eTextVector) texts = Contents()->texts;
+  if (kind_ == eTextVector) texts = static_cast<Texts const*>(Pointer())->texts;
   return kind_ == eTextVector;
 }
 
 bool QELValue::GetShortIdVector(std::vector<QELShortId>& references) const {
   references.clear();
-  if (kind_ == eShortIdVector)
-    for (auto const id : Contents()->ids) references.emplace_back(id);
+  for (auto const id : ShortIds()) references.emplace_back(id);
   return kind_ == eShortIdVector;
 }
 
 bool QELValue::GetInt64Vector(std::vector<std::int64_t>& numbers) const {
-  numbers.clear();
-  if (kind_ == eInt64Vector) numbers = Contents()->numbers;
+  auto const elements = Int64s();
+  numbers.assign(elements.begin(), elements.end());
   return kind_ == eInt64Vector;
 }
 
 bool operator==(QELValue const& a, QELValue const& b) {
   if (a.kind_ != b.kind_) return false;
-  if (a.kind_ == QELValue::eText) return a.View() == b.View();
-  if (auto const* left = a.Contents()) {
-    auto const* right = b.Contents();
-    return left->texts == right->texts && left->ids == right->ids &&
-           left->numbers == right->numbers;
+  switch (a.kind_) {
+    case QELValue::eText: return a.View() == b.View();
+    case QELValue::eTextVector:
+      return static_cast<QELValue::Texts const*>(a.Pointer())->texts ==
+             static_cast<QELValue::Texts const*>(b.Pointer())->texts;
+    case QELValue::eShortIdVector: return std::ranges::equal(a.ShortIds(), b.ShortIds());
+    case QELValue::eInt64Vector: return std::ranges::equal(a.Int64s(), b.Int64s());
+    default: return a.payload_[0] == b.payload_[0];
   }
-  return a.payload_[0] == b.payload_[0];
 }
 
 void QELValue::Clean() {
-  if (kind_ == eText)
-    repora::SharedText::Adopt(Pointer());
-  else if (auto* contents = const_cast<Vectors*>(Contents());
-           contents && --contents->references == 0)
-    delete contents;
+  switch (kind_) {
+    case eText: repora::SharedText::Adopt(Pointer()); break;
+    case eTextVector:
+      if (auto* const texts = static_cast<Texts*>(Pointer()); texts->count.Drop()) delete texts;
+      break;
+    case eShortIdVector:
+    case eInt64Vector: Numbers::Release(static_cast<Numbers*>(Pointer())); break;
+    default: break;
+  }
   payload_[0] = payload_[1] = 0;
   kind_ = eEmpty;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "repora/model/shared_text.h"
@@ -43,15 +46,20 @@ class QELValue {
   static QELValue FromInteger(std::int32_t value);
   static QELValue FromBoolean(bool value);
 
-  QELValue(QELValue const& other);
+  QELValue(QELValue const& other)
+      : payload_{other.payload_[0], other.payload_[1]}, kind_(other.kind_) {
+    if (IsCounted()) AddReference();
+  }
   QELValue(QELValue&& other) noexcept { Swap(other); }
   QELValue& operator=(QELValue other) noexcept {
     Swap(other);
     return *this;
   }
   ~QELValue() {
-    if (kind_ >= eText && kind_ != eShortId) Clean();
+    if (IsCounted()) Clean();
   }
+  // A vector of references; empty when there are none.
+  static QELValue FromShortIds(std::span<std::uint32_t const> ids);
 
   // Appending starts a vector when the value is empty; on a value of another kind it does nothing.
   QELValue& operator+=(QELShortId reference);
@@ -62,10 +70,18 @@ class QELValue {
   Kind_e Kind() const { return kind_; }
   std::int32_t Integer() const;
   bool Boolean() const;
-  std::uint32_t ShortId() const;
+  std::uint32_t ShortId() const { return kind_ == eShortId ? payload_[0] : 0; }
   std::string String() const { return std::string(View()); }
-  std::string_view View() const;  // of a text value, valid as long as a copy of the value lives
-  repora::SharedText ShareText() const;
+  // Of a text value, valid as long as a copy of the value lives.
+  std::string_view View() const {
+    return kind_ == eText ? repora::SharedText::ViewOf(Pointer()) : std::string_view();
+  }
+  repora::SharedText ShareText() const {
+    return kind_ == eText ? repora::SharedText::Share(Pointer()) : repora::SharedText();
+  }
+  // The elements of a vector of references or of 64-bit numbers, valid until the value changes.
+  std::span<std::uint32_t const> ShortIds() const;
+  std::span<std::int64_t const> Int64s() const;
   // The value as text, elements of vectors separated by ", ". The argument asks for the full form,
   // the only one there is.
   std::string AsString(bool full) const;
@@ -82,13 +98,33 @@ class QELValue {
   void Clean();
 
  private:
-  struct Vectors;  // the shared contents of a vector value
+  struct Texts;    // the shared contents of a vector of texts
+  struct Numbers;  // and of the other vectors
 
-  void Swap(QELValue& other) noexcept;
-  void* Pointer() const;
-  void SetPointer(void* pointer, Kind_e kind);
-  Vectors const* Contents() const;
-  Vectors* StartAppend(Kind_e kind);
+  // Whether the payload is a pointer to contents that copies share.
+  bool IsCounted() const { return kind_ >= eText && kind_ != eShortId; }
+  void AddReference() {
+    if (auto* const count = static_cast<repora::ShareCount*>(Pointer())) count->Add();
+  }
+  void Swap(QELValue& other) noexcept {
+    std::swap(payload_[0], other.payload_[0]);
+    std::swap(payload_[1], other.payload_[1]);
+    std::swap(kind_, other.kind_);
+  }
+  void* Pointer() const {
+    void* pointer = nullptr;
+    std::memcpy(&pointer, payload_, sizeof pointer);
+    return pointer;
+  }
+  void SetPointer(void* pointer, Kind_e kind) {
+    static_assert(sizeof pointer <= sizeof payload_);
+    std::memcpy(payload_, &pointer, sizeof pointer);
+    kind_ = kind;
+  }
+  template <class Element>
+  std::span<Element const> Elements(Kind_e kind) const;
+  template <class Element>
+  void Append(Kind_e kind, Element element);
 
   std::uint32_t payload_[2] = {0, 0};  // a 32-bit payload, or the two halves of a pointer
   Kind_e kind_ = eEmpty;
