@@ -78,6 +78,11 @@ TEST(Value, AppendingLeavesCopiesAndOtherKindsAlone) {
   EXPECT_EQ(elements, (std::vector{QELShortId(1), QELShortId(2)}));
   EXPECT_TRUE(copy == References({1}));
 
+  auto at_once = QELValue::FromShortIds(Ids{1});
+  at_once += QELShortId(2);
+  EXPECT_TRUE(at_once == original);
+  EXPECT_TRUE(QELValue::FromShortIds(Ids{}) == QELValue());
+
   original += "text";
   original += std::int64_t{3};
   EXPECT_TRUE(original == References({1, 2}));
@@ -535,6 +540,20 @@ TEST(Validator, FindsWhatIsWrongWithTouchedObjectsOnly) {
         std::string("BUILD-1 Relationship \"FK\" (#109): Child refers to #98, "),
         std::string(" refers to #97, "), std::string(" refers to #96, ")})
     EXPECT_NE(text.find(finding), std::string::npos) << finding << " in\n" << text;
+}
+
+TEST(Validator, TellsEachNameOfManyOnce) {
+  MemoryModelSet set;
+  Job run(set);
+  for (std::uint32_t id = 100; id < 400; ++id)  // every name three times, far from each other
+    run.Create(id, ORVTypes::oEntity, 1, ("TABLE_" + std::to_string(id % 100)).c_str());
+  ASSERT_TRUE(run.Build());
+  auto const text = Advisories(set);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 100);
+  EXPECT_NE(text.find("BUILD-3 Table \"TABLE_7\" (#107) is one of 3 objects of that name, beside "
+                      "#207."),
+            std::string::npos)
+      << text;
 }
 
 }  // namespace

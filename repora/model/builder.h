@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -17,10 +18,12 @@ class MOXBuilderIdMap {
   explicit MOXBuilderIdMap(MOXModelSetI* model_set) : model_set_(model_set) {}
   void AddMapping(std::uint32_t from, std::uint32_t to) {
     mappings_[from] = to;
+    highest_ = std::max(highest_, from);
     is_identity_ = is_identity_ && from == to;
   }
   // The object's id, or 0 when the summary id is not mapped.
   std::uint32_t Find(std::uint32_t from) const {
+    if (from > highest_) return 0;  // as are all that a run made, the objects loaded come first
     auto const found = mappings_.find(from);
     return found == mappings_.end() ? 0 : found->second;
   }
@@ -31,6 +34,7 @@ class MOXBuilderIdMap {
  private:
   MOXModelSetI* model_set_;  // borrowed
   std::unordered_map<std::uint32_t, std::uint32_t> mappings_;
+  std::uint32_t highest_ = 0;
   bool is_identity_ = true;
 };
 

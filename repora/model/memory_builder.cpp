@@ -1,14 +1,16 @@
 #include "repora/model/memory_builder.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
-#include <functional>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
 #include "repora/model/dump_text.h"
+#include "repora/model/hash_text.h"
 #include "repora/model/item.h"
 #include "repora/model/memory_model.h"
 #include "repora/model/metamodel.h"
@@ -104,6 +106,7 @@ class BuildPlan {
     auto const& items = summary.CreatedObjects();
     auto const last_item = items.size() == 0 ? 0 : (*(items.end() - 1))->Id();
     std::uint64_t next_free = std::uint64_t{std::max(model_set.HighestId(), last_item)} + 1;
+    created.reserve(items.size());
     for (auto const* item : items) {
       auto const id = item->Id();
       auto target = Mapped(id);
@@ -139,22 +142,16 @@ class BuildPlan {
   QELValue Translated(QELValue const& value) const {
     switch (value.Kind()) {
       case QELValue::eShortId: return QELValue(QELShortId(Translated(value.ShortId())));
-      case QELValue::eShortIdVector: {
-        std::vector<QELShortId> elements;
-        value.GetShortIdVector(elements);
-        return Rebuilt(value, elements,
-                       [this](QELShortId element) { return QELShortId(Translated(element.Id())); });
-      }
-      case QELValue::eInt64Vector: {
-        std::vector<std::int64_t> elements;
-        value.GetInt64Vector(elements);
-        return Rebuilt(value, elements, [this](std::int64_t element) {
+      case QELValue::eShortIdVector:
+        return Rebuilt(value, value.ShortIds(),
+                       [this](std::uint32_t element) { return QELShortId(Translated(element)); });
+      case QELValue::eInt64Vector:
+        return Rebuilt(value, value.Int64s(), [this](std::int64_t element) {
           auto const bits = static_cast<std::uint64_t>(element);
           auto const high = Translated(static_cast<std::uint32_t>(bits >> 32));
           auto const low = Translated(static_cast<std::uint32_t>(bits));
           return static_cast<std::int64_t>(std::uint64_t{high} << 32 | low);
         });
-      }
       default: return value;
     }
   }
@@ -172,16 +169,11 @@ class BuildPlan {
   // The vector with every element translated; the value itself when that changes nothing, so that
   // it stays shared.
   template <class Element, class Translate>
-  static QELValue Rebuilt(QELValue const& value, std::vector<Element> const& elements,
+  static QELValue Rebuilt(QELValue const& value, std::span<Element const> elements,
                           Translate translate) {
     QELValue translated;
-    bool differs = false;
-    for (auto const element : elements) {
-      auto const replacement = translate(element);
-      differs = differs || !(replacement == element);
-      translated += replacement;
-    }
-    return differs ? translated : value;
+    for (auto const element : elements) translated += translate(element);
+    return translated == value ? value : translated;
   }
 
   MOXActionSummary const& summary_;
@@ -195,10 +187,8 @@ PropertySet NewProperties(MOXActionSummaryItem const& item, BuildPlan const& pla
   if (!plan.KeepsAllIds())
     for (auto const& property : item.Properties())
       properties.Set(property.id, plan.Translated(property.value));
-  if (!*item.Name() || properties.Find(MOXTypes::pName)) return properties;
-  auto const removed = item.RemovedProperties();
-  bool const is_unnamed = std::binary_search(removed.begin(), removed.end(), MOXTypes::pName);
-  if (!is_unnamed) properties.Set(MOXTypes::pName, QELValue(item.Name()));
+  if (*item.Name() && !properties.Find(MOXTypes::pName) && !item.HasRemoved(MOXTypes::pName))
+    properties.Set(MOXTypes::pName, QELValue(item.Name()));
   return properties;
 }
 
@@ -229,6 +219,8 @@ bool MemoryBuilder::Build(MOXActionSummary* summary, unsigned /*flags*/,
 
   Progress progress(callback_, plan.created.size() + plan.changed.size());
   std::vector<std::uint32_t> touched;
+  touched.reserve(plan.created.size());
+  model_set_.Reserve(plan.created.size());
   for (auto const& target : plan.created) {
     auto const& item = *target.item;
     model_set_.InsertObject(target.id, item.Type(), plan.Translated(item.Owner()),
@@ -259,27 +251,31 @@ std::string_view TextOf(PropertySet const& properties, MOXId property) {
 }
 
 // How a message calls an object: Table "EMP" (#5).
-std::string Called(MemoryModelSet& model_set, MOXObject const& object) {
-  auto text = model_set.GetMetamodel()->NameOfType(object.Type(), ORVTypes::tPhysicalName);
+std::string Called(MemoryModelSet& model_set, MemoryObject const& object) {
+  auto text = model_set.GetMetamodel()->NameOfType(object.type, ORVTypes::tPhysicalName);
   if (text.empty()) text = "Object";
-  if (auto const name = TextOf(*model_set.PropertiesOf(object.Id()), MOXTypes::pName);
-      !name.empty()) {
+  if (auto const name = TextOf(object.properties, MOXTypes::pName); !name.empty()) {
     text += ' ';
     DumpQuoted(text, name);
   }
-  return text + " (#" + std::to_string(object.Id()) + ")";
+  return text + " (#" + std::to_string(object.id) + ")";
 }
 
 template <class Visit>
 void VisitReferences(QELValue const& value, Visit visit) {
-  if (value.Kind() == QELValue::eShortId) visit(value.ShortId());
-  if (std::vector<QELShortId> ids; value.GetShortIdVector(ids))
-    for (auto const id : ids) visit(id.Id());
-  if (std::vector<std::int64_t> pairs; value.GetInt64Vector(pairs))
-    for (auto const pair : pairs) {
-      visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair) >> 32));
-      visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair)));
-    }
+  switch (value.Kind()) {
+    case QELValue::eShortId: visit(value.ShortId()); return;
+    case QELValue::eShortIdVector:
+      for (auto const id : value.ShortIds()) visit(id);
+      return;
+    case QELValue::eInt64Vector:
+      for (auto const pair : value.Int64s()) {
+        visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair) >> 32));
+        visit(static_cast<std::uint32_t>(static_cast<std::uint64_t>(pair)));
+      }
+      return;
+    default: return;
+  }
 }
 
 }  // namespace
@@ -298,9 +294,10 @@ class MemoryValidator::NameIndex {
   explicit NameIndex(MemoryModelSet& model_set) : model_set_(model_set) {}
 
   // Null for an object without namesakes.
-  Namesakes* Find(MOXObject const& object) {
+  Namesakes* Find(std::uint32_t id) {
     if (!made_ || changes_ != model_set_.ChangeCount()) Make();
-    auto const found = group_of_.find(object.Id());
+    if (group_of_.empty()) return nullptr;
+    auto const found = group_of_.find(id);
     return found == group_of_.end() ? nullptr : &groups_[found->second];
   }
 
@@ -317,22 +314,28 @@ class MemoryValidator::NameIndex {
     std::uint32_t id = 0;
     std::uint32_t tag = 0;  // part of the hash, so that few names need to be compared
   };
+  // An object that waits for its place in the table to come into the cache.
+  struct Waiting {
+    MemoryObject const* object;
+    std::uint64_t hash;
+  };
 
   static std::uint64_t Hash(Key const& key) {
-    std::hash<std::string_view> const text;
-    std::uint64_t hash = text(key.name);
-    for (std::uint64_t const part :
-         {std::uint64_t{text(key.schema)}, std::uint64_t{key.owner} << 32 | key.type})
-      hash = (hash ^ part) * 0x9E3779B97F4A7C15U;
-    return hash;
+    auto hash = HashText(key.name) ^ (std::uint64_t{key.owner} << 32 | key.type);
+    if (!key.schema.empty()) hash ^= HashText(key.schema) << 1U;
+    hash *= 0x9E3779B97F4A7C15U;
+    return hash ^ (hash >> 32U);
   }
 
-  Key KeyOf(MOXObject const& object) const {
-    auto const& properties = *model_set_.PropertiesOf(object.Id());
-    auto const* const as_constraint = properties.Find(ORVTypes::pGenerateAsConstraint);
-    return {model_set_.OwnerOf(object.Id()), object.Type(),
-            as_constraint && as_constraint->Boolean(), TextOf(properties, ORVTypes::pDBOwner),
-            TextOf(properties, MOXTypes::pName)};
+  static Key KeyOf(MemoryObject const& object) {
+    Key key{object.owner, object.type, false, {}, {}};
+    for (auto const& property : object.properties) {
+      if (property.id == MOXTypes::pName) key.name = property.value.View();
+      if (property.id == ORVTypes::pDBOwner) key.schema = property.value.View();
+      if (property.id == ORVTypes::pGenerateAsConstraint)
+        key.of_constraint = property.value.Boolean();
+    }
+    return key;
   }
 
   // Without a name, or a file that is named by its disk group only.
@@ -341,34 +344,41 @@ class MemoryValidator::NameIndex {
            (key.type == ORVTypes::oOraclePhysicalFile && key.name.front() == '+');
   }
 
+  // The table has a place for two in three; the low bits of a hash choose it.
   void Make() {
     groups_.clear();
     group_of_.clear();
-    std::vector<Slot> slots(std::bit_ceil(model_set_.ObjectCount() * 2));
-    MOXObjectIterator iterator;
-    model_set_.GetModel()->CreateIterator(iterator);
-    for (MOXObject object; ++iterator;) {
-      iterator.GetValue(object);
-      if (auto const key = KeyOf(object); !MayRepeat(key)) Enter(slots, object, key);
+    auto const& objects = model_set_.Objects();
+    std::vector<Slot> slots(std::bit_ceil(objects.size() + objects.size() / 2));
+    std::array<Waiting, 16> waiting{};
+    std::size_t count = 0;
+    auto const enter_all = [&] {
+      for (std::size_t i = 0; i < count; ++i) Enter(slots, waiting[i]);
+      count = 0;
+    };
+    for (auto const& object : objects) {
+      auto const key = KeyOf(object);
+      if (MayRepeat(key)) continue;
+      auto const hash = Hash(key);
+      __builtin_prefetch(&slots[hash & (slots.size() - 1)], 1);
+      waiting[count++] = {&object, hash};
+      if (count == waiting.size()) enter_all();
     }
+    enter_all();
     made_ = true;
     changes_ = model_set_.ChangeCount();
   }
 
-  void Enter(std::vector<Slot>& slots, MOXObject const& object, Key const& key) {
-    auto const hash = Hash(key);
-    auto const tag = static_cast<std::uint32_t>(hash);
-    auto place = static_cast<std::size_t>(hash >> 32);
-    for (;; ++place) {
+  void Enter(std::vector<Slot>& slots, Waiting const& next) {
+    auto const tag = static_cast<std::uint32_t>(next.hash >> 32);
+    for (auto place = static_cast<std::size_t>(next.hash);; ++place) {
       auto& slot = slots[place & (slots.size() - 1)];
       if (slot.id == 0) {
-        slot = {object.Id(), tag};
+        slot = {next.object->id, tag};
         return;
       }
-      MOXObject other;
-      if (slot.tag == tag && model_set_.GetModel()->FindObject(slot.id, other) &&
-          KeyOf(other) == key) {
-        Join(other.Id(), object.Id());
+      if (slot.tag == tag && KeyOf(*model_set_.Find(slot.id)) == KeyOf(*next.object)) {
+        Join(slot.id, next.object->id);
         return;
       }
     }
@@ -395,14 +405,16 @@ MemoryValidator::MemoryValidator(MemoryModelSet& model_set)
 MemoryValidator::~MemoryValidator() = default;
 
 void MemoryValidator::Validate(MOXObject const& object) {
-  if (object.Model() != model_set_.GetModel() || !model_set_.Has(object.Id())) return;
-  CheckReferences(object);
-  CheckOwner(object);
-  CheckName(object);
+  auto const* const found =
+      object.Model() == model_set_.GetModel() ? model_set_.Find(object.Id()) : nullptr;
+  if (!found) return;
+  CheckReferences(*found);
+  CheckOwner(*found);
+  CheckName(*found);
 }
 
-void MemoryValidator::CheckReferences(MOXObject const& object) {
-  for (auto const& property : *model_set_.PropertiesOf(object.Id()))
+void MemoryValidator::CheckReferences(MemoryObject const& object) {
+  for (auto const& property : object.properties)
     VisitReferences(property.value, [&](std::uint32_t id) {
       if (id == 0 || model_set_.Has(id)) return;
       auto const* name = PropertyDisplayName(property.id);
@@ -411,20 +423,20 @@ void MemoryValidator::CheckReferences(MOXObject const& object) {
     });
 }
 
-void MemoryValidator::CheckOwner(MOXObject const& object) {
+void MemoryValidator::CheckOwner(MemoryObject const& object) {
+  if (model_set_.Has(object.owner)) return;
   MOXObject root;
   model_set_.GetModel()->GetRootObject(root);
-  auto const owner = model_set_.OwnerOf(object.Id());
-  if (object.Id() == root.Id() || model_set_.Has(owner)) return;
-  Warn("BUILD-2", Called(model_set_, object) + " belongs to #" + std::to_string(owner) +
+  if (object.id == root.Id()) return;
+  Warn("BUILD-2", Called(model_set_, object) + " belongs to #" + std::to_string(object.owner) +
                       ", which does not exist.");
 }
 
-void MemoryValidator::CheckName(MOXObject const& object) {
-  auto* const namesakes = names_->Find(object);
+void MemoryValidator::CheckName(MemoryObject const& object) {
+  auto* const namesakes = names_->Find(object.id);
   if (!namesakes || namesakes->count < 2 || namesakes->told) return;
   namesakes->told = true;
-  auto const other = namesakes->first == object.Id() ? namesakes->second : namesakes->first;
+  auto const other = namesakes->first == object.id ? namesakes->second : namesakes->first;
   Warn("BUILD-3", Called(model_set_, object) + " is one of " + std::to_string(namesakes->count) +
                       " objects of that name, beside #" + std::to_string(other) + ".");
 }

@@ -11,6 +11,7 @@
 namespace repora {
 
 class MemoryModelSet;
+struct MemoryObject;
 
 // Keeps every advisory as long as it lives; none is ever dropped. A subscriber may subscribe,
 // unsubscribe and publish while it is being told.
@@ -63,9 +64,9 @@ class MemoryValidator final : public MOXBuilderValidatorI {
  private:
   class NameIndex;
 
-  void CheckReferences(MOXObject const& object);
-  void CheckOwner(MOXObject const& object);
-  void CheckName(MOXObject const& object);
+  void CheckReferences(MemoryObject const& object);
+  void CheckOwner(MemoryObject const& object);
+  void CheckName(MemoryObject const& object);
   void Warn(char const* code, std::string message);
 
   MemoryModelSet& model_set_;

@@ -1,6 +1,7 @@
 #include "repora/model/memory_model.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <string_view>
 #include <unordered_map>
@@ -17,12 +18,7 @@ namespace {
 
 constexpr std::uint32_t kRootId = 1;
 
-struct Object {
-  std::uint32_t id;
-  MOXId type;
-  std::uint32_t owner;
-  PropertySet properties;
-};
+using Object = MemoryObject;
 
 bool ById(Object const& object, std::uint32_t id) {
   return object.id < id;
@@ -38,18 +34,15 @@ std::string_view NameOf(Object const& object) {
 class TypeIndex final : public MOXTypeIndexI {
  public:
   void Add(MOXId type, std::uint32_t id) {
-    auto& list = lists_[type];
+    auto& list = type < kTypeEnd ? of_vocabulary_[type] : others_[type];
     if (!list.ids.empty() && list.ids.back() > id) list.sorted = false;
     list.ids.push_back(id);
   }
 
   std::vector<std::uint32_t> const* ObjectsOfType(MOXId type) const override {
-    auto const found = lists_.find(type);
-    if (found == lists_.end()) return nullptr;
-    auto& list = found->second;
-    if (!list.sorted) std::sort(list.ids.begin(), list.ids.end());
-    list.sorted = true;
-    return &list.ids;
+    if (type < kTypeEnd) return Sorted(of_vocabulary_[type]);
+    auto const found = others_.find(type);
+    return found == others_.end() ? nullptr : Sorted(found->second);
   }
 
  private:
@@ -57,7 +50,16 @@ class TypeIndex final : public MOXTypeIndexI {
     std::vector<std::uint32_t> ids;
     bool sorted = true;
   };
-  mutable std::unordered_map<MOXId, List> lists_;
+
+  // Null for a list that nothing was ever added to.
+  static std::vector<std::uint32_t> const* Sorted(List& list) {
+    if (!list.sorted) std::sort(list.ids.begin(), list.ids.end());
+    list.sorted = true;
+    return list.ids.empty() ? nullptr : &list.ids;
+  }
+
+  mutable std::array<List, kTypeEnd> of_vocabulary_;
+  mutable std::unordered_map<MOXId, List> others_;  // types of a host's own
 };
 
 // The objects by ascending id. Ids that come out of order wait behind the sorted ones, ascending
@@ -76,8 +78,18 @@ class ObjectStore {
     return true;
   }
 
+  void Reserve(std::size_t count) {
+    auto const size = objects_.size();
+    if (size + count > objects_.capacity()) objects_.reserve(size + std::max(count, size / 2));
+  }
+
+  bool Has(std::uint32_t id) const {
+    if (highest_ == objects_.size()) return id - 1 < highest_;  // no gaps: the ids start at 1
+    return Find(id) != nullptr;
+  }
   Object* Find(std::uint32_t id) const {
     Merge();
+    if (highest_ == objects_.size()) return id - 1 < highest_ ? &objects_[id - 1] : nullptr;
     return FindSorted(id);
   }
   // The object with the lowest id from that one on, or null.
@@ -283,6 +295,10 @@ bool MemoryModelSet::InsertObject(std::uint32_t id, MOXId type, std::uint32_t ow
   return parts_->model.Add(id, type, owner, std::move(properties));
 }
 
+void MemoryModelSet::Reserve(std::size_t count) {
+  parts_->model.store.Reserve(count);
+}
+
 bool MemoryModelSet::SetOwner(std::uint32_t id, std::uint32_t owner) {
   auto* const object = parts_->model.Change(id);
   if (object) object->owner = owner;
@@ -302,7 +318,7 @@ bool MemoryModelSet::RemoveProperty(std::uint32_t id, MOXId property) {
 }
 
 bool MemoryModelSet::Has(std::uint32_t id) const {
-  return parts_->model.store.Find(id) != nullptr;
+  return parts_->model.store.Has(id);
 }
 
 std::uint32_t MemoryModelSet::OwnerOf(std::uint32_t id) const {
@@ -329,6 +345,14 @@ bool MemoryModelSet::IsUnderConstruction() const {
 PropertySet const* MemoryModelSet::PropertiesOf(std::uint32_t id) const {
   auto const* object = parts_->model.store.Find(id);
   return object ? &object->properties : nullptr;
+}
+
+MemoryObject const* MemoryModelSet::Find(std::uint32_t id) const {
+  return parts_->model.store.Find(id);
+}
+
+std::vector<MemoryObject> const& MemoryModelSet::Objects() const {
+  return parts_->model.store.All();
 }
 
 void MemoryModelSet::Dump(std::FILE* file) const {

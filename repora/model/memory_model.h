@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "repora/model/codes.h"
 #include "repora/model/model.h"
@@ -19,6 +20,14 @@ struct MemoryModelOptions {
   int dbms_version = 23;  // release of the database, 0: not known
   int dbms_minor_version = 0;
   std::int32_t model_type = codes::kModelLogicalAndPhysical;  // codes::kModel...
+};
+
+// An object as the model in memory holds it.
+struct MemoryObject {
+  std::uint32_t id;
+  MOXId type;
+  std::uint32_t owner;  // as it was given, whether or not such an object exists; 0 for the root
+  PropertySet properties;
 };
 
 // A model in memory with all that belongs to it: metamodel, advisory channel, type index, builders
@@ -45,6 +54,9 @@ class MemoryModelSet final : public MOXModelSetI {
   // A new object with an id of the caller's choice; false when it is 0 or taken.
   bool InsertObject(std::uint32_t id, MOXId type, std::uint32_t owner, PropertySet properties);
 
+  // Prepares for so many objects more.
+  void Reserve(std::size_t count);
+
   // All three: false when no object has the id.
   bool SetOwner(std::uint32_t id, std::uint32_t owner);
   bool SetProperty(std::uint32_t id, MOXId property, QELValue value);
@@ -59,6 +71,9 @@ class MemoryModelSet final : public MOXModelSetI {
   bool IsUnderConstruction() const;   // between the two calls that bracket a build
   // Borrowed until the model changes; null when no object has the id.
   PropertySet const* PropertiesOf(std::uint32_t id) const;
+  MemoryObject const* Find(std::uint32_t id) const;
+  // All objects by ascending id, borrowed until the model changes.
+  std::vector<MemoryObject> const& Objects() const;
 
   // Every object with its properties in ascending id order; equal models give equal texts.
   // A null file is ignored.
