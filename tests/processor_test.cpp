@@ -425,6 +425,10 @@ TEST(Items, AreFoundByOwnerTypeAndName) {
     EXPECT_EQ(Names(children), "X A B ");
     EXPECT_EQ(processor.FindSummaryItemPtr(table->Id(), ORVTypes::oAttribute), column);
     EXPECT_EQ(processor.FindSummaryItemPtr(column->Id(), ORVTypes::oAttribute), nullptr);
+    add(table->Id(), ORVTypes::oAttribute, "LATER");
+    children.clear();
+    processor.FindSummaryChildrenByType(table->Id(), ORVTypes::oAttribute, children);
+    EXPECT_EQ(Names(children), "X A B LATER ");
 
     // A trigger of the database, and one of a table that no statement has made yet.
     auto* const database = add(root, ORVTypes::oOracleDatabase, "DB");

@@ -1,6 +1,7 @@
 #include "repora/core/item_registry.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 #include "repora/model/item.h"
@@ -8,10 +9,25 @@
 namespace repora {
 namespace {
 
+constexpr std::uint32_t Power33(int exponent) {
+  return exponent == 0 ? 1 : 33 * Power33(exponent - 1);
+}
+
+// What the two hexadecimal digits of a byte add to a hash.
+constexpr auto kHashOfByte = [] {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::array<std::uint32_t, 256> hashes{};
+  for (std::size_t byte = 0; byte < hashes.size(); ++byte)
+    hashes[byte] = static_cast<std::uint32_t>(digits[byte >> 4U]) * 33 +
+                   static_cast<std::uint32_t>(digits[byte & 0xFU]);
+  return hashes;
+}();
+
+// The hash h := h * 33 + character goes on over the eight digits of a number and a bar.
 std::uint32_t HashHex(std::uint32_t hash, std::uint32_t number) {
-  for (int shift = 28; shift >= 0; shift -= 4)
-    hash = hash * 33 + static_cast<std::uint32_t>("0123456789ABCDEF"[(number >> shift) & 0xFU]);
-  return hash * 33 + '|';
+  return hash * Power33(9) + kHashOfByte[number >> 24U] * Power33(7) +
+         kHashOfByte[(number >> 16U) & 0xFFU] * Power33(5) +
+         kHashOfByte[(number >> 8U) & 0xFFU] * Power33(3) + kHashOfByte[number & 0xFFU] * 33 + '|';
 }
 
 std::size_t Spread(std::uint32_t number) {
@@ -139,7 +155,10 @@ std::uint32_t ItemRegistry::FindEntry(ItemKey key) const {
   if (!of_owner || !of_name) return 0;
   if (groups_[of_owner].is_large && groups_[of_name].is_large)
     return FindByName(groups_[of_owner], key.name);
-  auto const side = groups_[of_owner].is_large ? kNameSide : kOwnerSide;
+  bool const by_name =
+      groups_[of_owner].is_large ||
+      (!groups_[of_name].is_large && groups_[of_name].count < groups_[of_owner].count);
+  auto const side = by_name ? kNameSide : kOwnerSide;
   auto entry = groups_[side == kOwnerSide ? of_owner : of_name].head;
   while (entry && (entries_[entry].key.name != key.name || entries_[entry].key.owner != key.owner))
     entry = entries_[entry].links[side].next;
@@ -190,6 +209,10 @@ void ItemRegistry::Put(ItemKey key, Item* item) {
     CountMismatch(found, 1);
     return;
   }
+  PutNew(key, item);
+}
+
+void ItemRegistry::PutNew(ItemKey key, Item* item) {
   while (entries_.size() <= kErased) entries_.Add({});  // 0 means none
   std::uint32_t number = 0;
   if (free_entries_.empty()) {

@@ -39,7 +39,8 @@ class ItemRegistry {
   explicit ItemRegistry(NameTable const& names) : names_(names) {}
 
   Item* Find(ItemKey key) const;
-  void Put(ItemKey key, Item* item);  // replaces the item of a key that is there
+  void Put(ItemKey key, Item* item);     // replaces the item of a key that is there
+  void PutNew(ItemKey key, Item* item);  // the same for a key that is known not to be there
   bool Remove(ItemKey key);
   void Clear();
   std::size_t size() const { return size_; }

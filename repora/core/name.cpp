@@ -121,6 +121,23 @@ std::string REPName::GetMapFullName(bool quotes) const {
   return Render(0, count_, true, true);
 }
 
+repora::MapFullName::MapFullName(std::string_view text) {
+  unsigned char all = 0;
+  if (text.size() <= sizeof short_) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      auto const c = static_cast<unsigned char>(text[i]);
+      all = static_cast<unsigned char>(all | c);
+      short_[i] = static_cast<char>(c >= 'a' && c <= 'z' ? c ^ 0x20U : c);
+    }
+  }
+  if (text.size() > sizeof short_ || all >= 0x80) {
+    long_ = ToUpper(text);
+    view_ = long_;
+  } else {
+    view_ = std::string_view(short_, text.size());
+  }
+}
+
 std::string REPNameList::AsString(bool parenthesised) const {
   return names_.Join(", ", parenthesised, [](REPName const& name) { return name.AsString(false); });
 }

@@ -34,6 +34,11 @@ class REPName {
   std::string GetName(bool quotes) const;       // the last segment
   std::string GetOwnerName(bool quotes) const;  // all but the last, joined with "."
   std::string GetFullName(bool quotes) const { return AsString(quotes); }
+  // The same without quotes and without a copy, valid until the name changes.
+  std::string_view NameView() const {
+    return count_ == 0 ? std::string_view() : SegmentAt(count_ - 1);
+  }
+  std::string_view FullNameView() const { return text_; }
   std::string AsString(bool quotes) const;
 
   // Upper-cased, the form of lookup keys. With quotes, quoted segments keep their case and quotes.
@@ -64,6 +69,27 @@ class REPName {
   bool compound_ = false;
   bool expression_ = false;
 };
+
+namespace repora {
+
+// GetMapFullName(false) of a name, empty for null; names of the usual length stay off the heap.
+class MapFullName {
+ public:
+  explicit MapFullName(REPName const* name)
+      : MapFullName(name ? name->FullNameView() : std::string_view()) {}
+  MapFullName(MapFullName const&) = delete;
+  MapFullName& operator=(MapFullName const&) = delete;
+  operator std::string_view() const { return view_; }
+
+ private:
+  explicit MapFullName(std::string_view text);
+
+  char short_[64];
+  std::string long_;
+  std::string_view view_;
+};
+
+}  // namespace repora
 
 // Names in order (column lists, tablespace lists), owned.
 class REPNameList {

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+
+#include "repora/model/hash_text.h"
 
 namespace repora {
 namespace {
@@ -18,42 +21,47 @@ NameTable::Name Measure(std::string_view text) {
   return name;
 }
 
-// Spreads the hash over the slots: names that differ in their last character alone have hashes
-// that lie next to each other.
-std::size_t Spread(std::uint32_t hash) {
-  auto const mixed = (hash ^ (hash >> 15U)) * 0x9E3779B1U;
-  return mixed ^ (mixed >> 16U);
+std::uint32_t SlotHash(std::string_view text) {
+  return static_cast<std::uint32_t>(HashText(text));
 }
 
 }  // namespace
 
 std::size_t NameTable::FindSlot(std::string_view text, std::uint32_t hash) const {
   auto const mask = slots_.size() - 1;
-  for (auto i = Spread(hash) & mask;; i = (i + 1) & mask) {
+  for (auto i = hash & mask;; i = (i + 1) & mask) {
     auto const& slot = slots_[i];
     if (slot.name == kNoName || (slot.hash == hash && names_[slot.name].view() == text)) return i;
   }
 }
 
 std::uint32_t NameTable::Find(std::string_view text) const {
-  return slots_.empty() ? kNoName : slots_[FindSlot(text, Measure(text).hash)].name;
+  return slots_.empty() ? kNoName : slots_[FindSlot(text, SlotHash(text))].name;
 }
 
 std::uint32_t NameTable::Add(std::string_view text) {
   if (4 * (std::size_t{names_.size()} + 1) > 3 * slots_.size()) Grow();
-  auto name = Measure(text);
-  auto& slot = slots_[FindSlot(text, name.hash)];
+  auto const hash = SlotHash(text);
+  auto& slot = slots_[FindSlot(text, hash)];
   if (slot.name == kNoName) {
+    auto name = Measure(text);
     name.chars = Store(text);
-    slot = {name.hash, names_.Add(name)};
+    slot = {hash, names_.Add(name)};
   }
   return slot.name;
 }
 
+// The slots move by their hashes: no name is looked at.
 void NameTable::Grow() {
-  slots_.assign(std::max<std::size_t>(64, 2 * slots_.size()), Slot());
-  for (std::uint32_t i = 0; i < names_.size(); ++i)
-    slots_[FindSlot(names_[i].view(), names_[i].hash)] = {names_[i].hash, i};
+  auto const old = std::move(slots_);
+  slots_.assign(std::max<std::size_t>(64, 2 * old.size()), Slot());
+  auto const mask = slots_.size() - 1;
+  for (auto const& slot : old) {
+    if (slot.name == kNoName) continue;
+    auto i = slot.hash & mask;
+    while (slots_[i].name != kNoName) i = (i + 1) & mask;
+    slots_[i] = slot;
+  }
 }
 
 char const* NameTable::Store(std::string_view text) {

@@ -25,11 +25,12 @@ class NameTable {
   std::uint32_t Find(std::string_view text) const;  // kNoName when it was never added
   std::uint32_t Add(std::string_view text);
   Name const& operator[](std::uint32_t number) const { return names_[number]; }
+  std::uint32_t size() const { return names_.size(); }
   void Clear();
 
  private:
   struct Slot {
-    std::uint32_t hash = 0;
+    std::uint32_t hash = 0;  // of its own, quicker to make than the one of the name
     std::uint32_t name = kNoName;
   };
 

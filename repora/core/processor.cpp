@@ -10,6 +10,7 @@
 #include "repora/core/messages.h"
 #include "repora/core/name.h"
 #include "repora/core/processor_state.h"
+#include "repora/model/chunk_memory.h"
 #include "repora/model/codes.h"
 
 namespace {
@@ -128,22 +129,20 @@ int REPProcessor::GetModelType() const {
 }
 
 void REPProcessor::Pause() {
-  std::lock_guard const guard(state_->lock);
   state_->pause = true;
 }
 
 void REPProcessor::Resume() {
-  std::lock_guard const guard(state_->lock);
   state_->pause = false;
 }
 
 void REPProcessor::Stop() {
-  std::lock_guard const guard(state_->lock);
   state_->stop = true;
 }
 
 bool REPProcessor::Process() {
   if (!state_->model_set || !state_->model_set->GetModel()) return false;
+  repora::ChunkMemory::Scope const side_by_side;
   Run run(state_->model_set);
   LoadModel(run);
   NotifyWindow(eRENotifyBegin, GetCount());
@@ -181,7 +180,7 @@ void REPProcessor::LoadModel(Run& run) {
 void REPProcessor::LoadObject(MOXObject const& object) {
   auto& state = *state_;
   auto text = ReadText(object, MOXTypes::pName);
-  auto* const item = new MOXActionSummaryItem;
+  auto* const item = MOXActionSummaryItem::Make();
   item->SetName(text);  // for messages and children; the properties stay with the object
   if (TypeUsesShortName(object.Type()) && TypeUsesDBOwner(object.Type())) {
     if (auto const owner = ReadText(object, ORVTypes::pDBOwner); !owner.empty())
@@ -191,23 +190,17 @@ void REPProcessor::LoadObject(MOXObject const& object) {
   item->SetId(object.Id());
   item->SetType(object.Type());
   item->SetOwner(object.Owner().Id());
-  state.registry.Put({item->Owner(), item->Type(), state.names.Add(name.GetMapFullName(false))},
+  state.registry.Put({item->Owner(), item->Type(), state.names.Add(repora::MapFullName(&name))},
                      item);
   state.summary->AddItem(MOXActionSummary::eExisting, item);
-  state.summary_index.Add(item);
   item->RemoveReference();
 }
 
 // Waits while the run is paused. False when it is to stop: a stop request takes effect once the
 // pause is over.
 bool REPProcessor::WaitForTurn() {
-  for (;;) {
-    {
-      std::lock_guard const guard(state_->lock);
-      if (!state_->pause) return !state_->stop;
-    }
-    std::this_thread::sleep_for(kPausePoll);
-  }
+  while (state_->pause) std::this_thread::sleep_for(kPausePoll);
+  return !state_->stop;
 }
 
 bool REPProcessor::RunStatements() {
@@ -309,8 +302,9 @@ void REPProcessor::EndRun() {
   state.summary = nullptr;
   state.summary_index.Clear();
   state.model_type = 0;
-  state.uses_physical_name.clear();
-  state.parent_domains.clear();
+  state.uses_physical_name.fill({});
+  state.datatype_names.Clear();
+  state.datatypes.clear();
 }
 
 bool REPProcessor::Advise(MOXBuilderCallbackI::Events_e event, unsigned long first,

@@ -3,18 +3,15 @@
 #include "repora/core/properties.h"
 
 using repora::ItemKey;
+using repora::MapFullName;
 using repora::NameTable;
 
 namespace {
 
-std::string MapNameOf(REPName const* name) {
-  return name ? name->GetMapFullName(false) : std::string();
-}
-
 // A key for a search: a name that was never registered has no number.
 bool FindKeyOf(NameTable const& names, std::uint32_t owner, MOXId type, REPName const* name,
                ItemKey& key) {
-  key = {owner, type, names.Find(MapNameOf(name))};
+  key = {owner, type, names.Find(MapFullName(name))};
   return key.name != NameTable::kNoName;
 }
 
@@ -27,13 +24,12 @@ void MarkAsPlaceholder(MOXActionSummaryItem& item) {
 MOXActionSummaryItem* REPProcessor::CreateItem(std::uint32_t owner, MOXId type,
                                                REPName const* name) {
   if (!state_->summary) return nullptr;
-  auto* const item = new MOXActionSummaryItem;
+  auto* const item = MOXActionSummaryItem::Make();
   item->SetOwner(owner);
   item->SetType(type);
   item->SetId(state_->next_id);
   if (name && !name->IsEmpty()) SetNameProp(item, name);
   state_->summary->AddItem(MOXActionSummary::eCreated, item);
-  state_->summary_index.Add(item);
   item->RemoveReference();
   ++state_->next_id;
   return item;
@@ -43,23 +39,23 @@ REPProcess_e REPProcessor::AddItem(std::uint32_t owner, MOXId type, REPName cons
                                    MOXActionSummaryItem*& item) {
   item = nullptr;
   if (!state_->summary) return REPProcessError;
-  ItemKey const key{owner, type, state_->names.Add(MapNameOf(name))};
+  ItemKey const key{owner, type, state_->names.Add(MapFullName(name))};
   item = state_->registry.Find(key);
   if (item) return REPProcessDuplicate;
-  item = state_->placeholders.Find(key);
+  if (state_->placeholders.size() > 0) item = state_->placeholders.Find(key);
   if (item) {
     item->RemoveProperty(ORVTypes::pDoNotGenerate);
     state_->placeholders.Remove(key);
   } else {
     item = CreateItem(owner, type, name);
   }
-  state_->registry.Put(key, item);
+  state_->registry.PutNew(key, item);
   return REPProcessOK;
 }
 
 std::uint32_t REPProcessor::FindCreateItem(std::uint32_t owner, MOXId type, REPName const* name) {
   if (!state_->summary) return 0;
-  ItemKey const key{owner, type, state_->names.Add(MapNameOf(name))};
+  ItemKey const key{owner, type, state_->names.Add(MapFullName(name))};
   if (auto const* const item = state_->registry.Find(key)) return item->Id();
   if (auto const* const item = state_->placeholders.Find(key)) return item->Id();
   auto* const item = CreateItem(owner, type, name);
@@ -72,15 +68,15 @@ std::uint32_t REPProcessor::FindCreateItem(std::uint32_t owner, MOXId type, REPN
 
 REPProcess_e REPProcessor::AddSynonym(std::uint32_t owner, MOXId type, REPName const* name,
                                       MOXActionSummaryItem* item) {
-  state_->registry.Put({owner, type, state_->names.Add(MapNameOf(name))}, item);
+  state_->registry.Put({owner, type, state_->names.Add(MapFullName(name))}, item);
   return REPProcessOK;
 }
 
 REPProcess_e REPProcessor::ReplaceItem(std::uint32_t owner, MOXId type, REPName const* old_name,
                                        REPName const* new_name) {
   if (!state_->summary) return REPProcessError;
-  ItemKey const old_key{owner, type, state_->names.Add(MapNameOf(old_name))};
-  ItemKey const new_key{owner, type, state_->names.Add(MapNameOf(new_name))};
+  ItemKey const old_key{owner, type, state_->names.Add(MapFullName(old_name))};
+  ItemKey const new_key{owner, type, state_->names.Add(MapFullName(new_name))};
   if (state_->registry.Find(new_key) || state_->placeholders.Find(new_key))
     return REPProcessDuplicate;
   for (auto* const items : {&state_->registry, &state_->placeholders}) {
@@ -99,7 +95,7 @@ REPProcess_e REPProcessor::ReplaceItem(std::uint32_t owner, MOXId type, REPName 
 REPProcess_e REPProcessor::RenameItem(MOXActionSummaryItem* item, REPName const* new_name) {
   ItemKey old_key;
   if (!state_->registry.FindKey(item, old_key)) return REPProcessError;
-  ItemKey const new_key{old_key.owner, old_key.type, state_->names.Add(MapNameOf(new_name))};
+  ItemKey const new_key{old_key.owner, old_key.type, state_->names.Add(MapFullName(new_name))};
   if (state_->registry.Find(new_key)) return REPProcessDuplicate;
   state_->registry.Remove(old_key);
   SetNameProp(item, new_name);
@@ -139,11 +135,13 @@ void REPProcessor::FindChildrenByType(std::uint32_t owner, MOXId type,
 }
 
 MOXActionSummaryItem* REPProcessor::FindSummaryItemPtr(std::uint32_t owner, MOXId type) const {
+  state_->UpdateSummaryIndex();
   return state_->summary_index.First(owner, type);
 }
 
 void REPProcessor::FindSummaryChildrenByType(std::uint32_t owner, MOXId type,
                                              std::vector<MOXActionSummaryItem*>& items) const {
+  state_->UpdateSummaryIndex();
   state_->summary_index.Append(owner, type, items);
 }
 
@@ -195,6 +193,11 @@ std::uint32_t SummaryIndex::FindGroup(std::uint32_t owner, MOXId type) const {
   return group;
 }
 
+void SummaryIndex::Update(MOXItemMap const& items) {
+  auto const count = static_cast<std::ptrdiff_t>(items.size());
+  for (; items_seen_ < count; ++items_seen_) Add(*(items.begin() + items_seen_));
+}
+
 void SummaryIndex::Add(Item* item) {
   if (groups_.size() == 0) {
     groups_.Add({});
@@ -207,18 +210,8 @@ void SummaryIndex::Add(Item* item) {
   }
   auto const node = nodes_.Add({item, 0});
   auto& members = groups_[group];
-  auto const id_of = [&](std::uint32_t other) { return nodes_[other].item->Id(); };
-  if (!members.first) {
-    members.first = members.last = node;
-  } else if (id_of(members.last) < item->Id()) {  // ids are handed out in this order
-    nodes_[members.last].next = node;
-    members.last = node;
-  } else {
-    auto* place = &members.first;
-    while (id_of(*place) < item->Id()) place = &nodes_[*place].next;
-    nodes_[node].next = *place;
-    *place = node;
-  }
+  (members.first ? nodes_[members.last].next : members.first) = node;
+  members.last = node;
 }
 
 SummaryIndex::Item* SummaryIndex::First(std::uint32_t owner, MOXId type) const {
@@ -236,6 +229,7 @@ void SummaryIndex::Clear() {
   groups_of_owner_.Clear();
   groups_.Clear();
   nodes_.Clear();
+  items_seen_ = 0;
 }
 
 }  // namespace repora

@@ -1,129 +1,191 @@
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "repora/core/letters.h"
 #include "repora/core/name.h"
 #include "repora/core/processor_state.h"
 
+using repora::NameTable;
+using repora::TableIndex;
+
 namespace {
 
-std::string MapNameOf(REPName const* name) {
-  return name ? name->GetMapFullName(false) : std::string();
-}
-
-// The value of a key, or null.
-template <class Map, class Key>
-auto* FindIn(Map& map, Key const& key) {
-  auto const found = map.find(key);
-  return found == map.end() ? nullptr : &found->second;
+// Whether a map name becomes the same map name when it is read as a name once more.
+bool IsPlain(std::string_view name) {
+  return std::all_of(name.begin(), name.end(),
+                     [](char c) { return repora::IsNameByte(static_cast<unsigned char>(c)); });
 }
 
 }  // namespace
 
+namespace repora {
+
+std::uint32_t CrossReferenceMaps::FindName(REPName const* name) const {
+  return names_.Find(MapFullName(name));
+}
+
+CrossReferences const* CrossReferenceMaps::Find(REPName const* name) const {
+  auto const number = FindName(name);
+  return number < references_.size() ? &references_[number] : nullptr;
+}
+
+CrossReferences* CrossReferenceMaps::Find(REPName const* name) {
+  return const_cast<CrossReferences*>(std::as_const(*this).Find(name));
+}
+
+CrossReferences& CrossReferenceMaps::Add(REPName const* name) {
+  auto const number = names_.Add(MapFullName(name));
+  while (references_.size() <= number) references_.Add({});
+  return references_[number];
+}
+
+void CrossReferenceMaps::AddMember(CrossReferences& table, std::uint32_t key_group,
+                                   REPIndexKeyType_e key_type, REPName const* column) {
+  if (indexes_.size() == 0) {
+    indexes_.Add({});
+    members_.Add({});
+  }
+  table.is_table = true;
+  auto* place = &table.first_index;
+  while (*place && indexes_[*place].key_group < key_group) place = &indexes_[*place].next;
+  if (!*place || indexes_[*place].key_group != key_group)
+    *place = indexes_.Add({key_group, key_type, 0, 0, 0, *place});
+  auto& index = indexes_[*place];
+  auto const member = members_.Add({names_.Add(MapFullName(column)), 0});
+  (index.first_member ? members_[index.last_member].next : index.first_member) = member;
+  index.last_member = member;
+  ++index.member_count;
+}
+
+TableIndex const* CrossReferenceMaps::FindIndex(CrossReferences const& table,
+                                                std::uint32_t key_group) const {
+  return FindIndexIf(table, [&](TableIndex const& index) { return index.key_group == key_group; });
+}
+
+}  // namespace repora
+
 REPProcess_e REPProcessor::AddMemberToTableIndexes(REPName const* table, std::uint32_t key_group_id,
                                                    REPIndexKeyType_e key_type,
                                                    REPName const* column) {
-  auto& indexes = state_->table_indexes[MapNameOf(table)];
-  auto const [index, is_new] = indexes.try_emplace(key_group_id);
-  if (is_new) index->second.key_type = key_type;
-  index->second.members.push_back(MapNameOf(column));
+  auto& maps = state_->cross_references;
+  maps.AddMember(maps.Add(table), key_group_id, key_type, column);
   return REPProcessOK;
 }
 
 std::uint32_t REPProcessor::FindPKInTableIndexes(REPName const* table, int column_count) const {
-  auto const* const indexes = FindIn(state_->table_indexes, MapNameOf(table));
-  if (!indexes) return 0;
-  for (auto const& [id, index] : *indexes)
-    if (index.key_type == REPIndexPrimaryKey &&
-        (column_count < 1 || index.members.size() == static_cast<std::size_t>(column_count)))
-      return id;
-  return 0;
+  auto const& maps = state_->cross_references;
+  auto const* const references = maps.Find(table);
+  if (!references) return 0;
+  auto const* const index = maps.FindIndexIf(*references, [&](TableIndex const& candidate) {
+    return candidate.key_type == REPIndexPrimaryKey &&
+           (column_count < 1 || candidate.member_count == static_cast<std::uint32_t>(column_count));
+  });
+  return index ? index->key_group : 0;
 }
 
 std::uint32_t REPProcessor::FindMatchInTableIndexes(REPName const* table,
                                                     REPNameList const* columns) const {
-  auto const* const indexes = FindIn(state_->table_indexes, MapNameOf(table));
-  if (!indexes || !columns || columns->GetCount() == 0) return 0;
-  std::vector<std::string> wanted;
+  auto const& maps = state_->cross_references;
+  auto const* const references = maps.Find(table);
+  if (!references || !columns || columns->GetCount() == 0) return 0;
+  std::vector<std::uint32_t> wanted;
   for (int i = 0; i < columns->GetCount(); ++i)
-    wanted.push_back(columns->GetName(i)->GetMapFullName(false));
-  for (auto const& [id, index] : *indexes) {
-    auto const& members = index.members;
-    if (members.size() == wanted.size() &&
-        std::all_of(wanted.begin(), wanted.end(), [&](std::string const& name) {
-          return std::find(members.begin(), members.end(), name) != members.end();
-        }))
-      return id;
-  }
-  return 0;
+    wanted.push_back(maps.FindName(columns->GetName(i)));
+  auto const* const index = maps.FindIndexIf(*references, [&](TableIndex const& candidate) {
+    return candidate.member_count == wanted.size() &&
+           std::all_of(wanted.begin(), wanted.end(), [&](std::uint32_t name) {
+             return !maps.VisitMembers(candidate,
+                                       [&](std::uint32_t member) { return member != name; });
+           });
+  });
+  return index ? index->key_group : 0;
 }
 
 REPProcess_e REPProcessor::GetMemberAttributesForIndex(
     REPName const* table, std::uint32_t key_group_id,
     std::vector<std::uint32_t>& attribute_ids) const {
-  auto const* const indexes = FindIn(state_->table_indexes, MapNameOf(table));
-  auto const* const index = indexes ? FindIn(*indexes, key_group_id) : nullptr;
+  auto const& maps = state_->cross_references;
+  auto const* const references = maps.Find(table);
+  auto const* const index = references ? maps.FindIndex(*references, key_group_id) : nullptr;
   if (!index) return REPProcessError;
-  for (auto const& member : index->members) {
-    REPName const name(member.c_str());
-    auto const* const item = FindItemPtr(key_group_id, ORVTypes::oKeyGroupMember, &name);
+  bool const complete = maps.VisitMembers(*index, [&](std::uint32_t member) {
+    auto const* const item = FindMember(key_group_id, maps.NameAt(member));
     auto const* const attribute = item ? item->Properties().Find(ORVTypes::pAttributeRef) : nullptr;
-    if (!attribute) return REPProcessError;
-    attribute_ids.push_back(attribute->ShortId());
+    if (attribute) attribute_ids.push_back(attribute->ShortId());
+    return attribute != nullptr;
+  });
+  return complete ? REPProcessOK : REPProcessError;
+}
+
+MOXActionSummaryItem* REPProcessor::FindMember(std::uint32_t key_group_id,
+                                               std::string_view map_name) const {
+  if (!IsPlain(map_name)) {
+    REPName const name(map_name);
+    return FindItemPtr(key_group_id, ORVTypes::oKeyGroupMember, &name);
   }
-  return REPProcessOK;
+  auto const number = state_->names.Find(map_name);
+  return number == NameTable::kNoName
+             ? nullptr
+             : state_->registry.Find({key_group_id, ORVTypes::oKeyGroupMember, number});
 }
 
 REPProcess_e REPProcessor::RenameEntityInTableIndexes(REPName const* old_table,
                                                       REPName const* new_table) {
-  auto& tables = state_->table_indexes;
-  auto const new_name = MapNameOf(new_table);
-  if (tables.count(new_name) != 0) return REPProcessError;
-  auto node = tables.extract(MapNameOf(old_table));
-  if (node.empty()) return REPProcessOK;
-  node.key() = new_name;
-  tables.insert(std::move(node));
+  auto& renamed = state_->cross_references.Add(new_table);
+  if (renamed.is_table) return REPProcessError;
+  auto* const references = state_->cross_references.Find(old_table);
+  if (!references || !references->is_table) return REPProcessOK;
+  renamed.is_table = std::exchange(references->is_table, false);
+  renamed.first_index = std::exchange(references->first_index, 0);
   return REPProcessOK;
 }
 
 REPProcess_e REPProcessor::RenameMemberAttributesForTable(REPName const* table,
                                                           REPName const* old_column,
                                                           REPName const* new_column) {
-  auto const* const indexes = FindIn(state_->table_indexes, MapNameOf(table));
-  if (!indexes) return REPProcessError;
-  auto const old_name = MapNameOf(old_column);
-  for (auto const& [id, index] : *indexes) {
-    for (auto const& member : index.members) {
-      if (member != old_name) continue;
-      auto* const item = FindItemPtr(id, ORVTypes::oKeyGroupMember, old_column);
-      if (!item ||
-          ReplaceItem(id, ORVTypes::oKeyGroupMember, old_column, new_column) != REPProcessOK)
-        return REPProcessError;
-      SetNameProp(item, new_column);
-    }
-  }
-  return REPProcessOK;
+  auto const& maps = state_->cross_references;
+  auto const* const references = maps.Find(table);
+  if (!references || !references->is_table) return REPProcessError;
+  auto const old_name = maps.FindName(old_column);
+  auto const rename = [&](std::uint32_t key_group) {
+    auto* const item = FindItemPtr(key_group, ORVTypes::oKeyGroupMember, old_column);
+    if (!item ||
+        ReplaceItem(key_group, ORVTypes::oKeyGroupMember, old_column, new_column) != REPProcessOK)
+      return false;
+    SetNameProp(item, new_column);
+    return true;
+  };
+  auto const* const failed = maps.FindIndexIf(*references, [&](TableIndex const& index) {
+    return !maps.VisitMembers(
+        index, [&](std::uint32_t member) { return member != old_name || rename(index.key_group); });
+  });
+  return failed ? REPProcessError : REPProcessOK;
 }
 
 REPProcess_e REPProcessor::AddConstraintToConstraintsMap(REPName const* name,
                                                          std::uint32_t item_id) {
-  return state_->constraints.try_emplace(MapNameOf(name), item_id).second ? REPProcessOK
-                                                                          : REPProcessDuplicate;
+  auto& references = state_->cross_references.Add(name);
+  if (references.is_constraint) return REPProcessDuplicate;
+  references.is_constraint = true;
+  references.constraint = item_id;
+  return REPProcessOK;
 }
 
 std::uint32_t REPProcessor::FindConstraintInConstraintsMap(REPName const* name) const {
-  auto const* const id = FindIn(state_->constraints, MapNameOf(name));
-  return id ? *id : 0;
+  auto const* const references = std::as_const(state_->cross_references).Find(name);
+  return references && references->is_constraint ? references->constraint : 0;
 }
 
 REPProcess_e REPProcessor::RenameItemInConstraintsMap(REPName const* old_name,
                                                       REPName const* new_name) {
-  auto& constraints = state_->constraints;
-  auto const key = MapNameOf(new_name);
-  if (constraints.count(key) != 0) return REPProcessDuplicate;
-  auto node = constraints.extract(MapNameOf(old_name));
-  if (node.empty()) return REPProcessError;
-  node.key() = key;
-  constraints.insert(std::move(node));
+  auto& renamed = state_->cross_references.Add(new_name);
+  if (renamed.is_constraint) return REPProcessDuplicate;
+  auto* const references = state_->cross_references.Find(old_name);
+  if (!references || !references->is_constraint) return REPProcessError;
+  references->is_constraint = false;
+  renamed.is_constraint = true;
+  renamed.constraint = references->constraint;
   return REPProcessOK;
 }
 
@@ -133,14 +195,17 @@ REPProcess_e REPProcessor::AddColToViewColumnsMap(std::uint32_t view_id, std::ui
 }
 
 std::int32_t REPProcessor::GetViewColumnsColCount(std::uint32_t view_id) const {
-  auto const* const columns = FindIn(state_->view_columns, view_id);
-  return columns ? static_cast<std::int32_t>(columns->size()) : 0;
+  auto const columns = state_->view_columns.find(view_id);
+  return columns == state_->view_columns.end() ? 0
+                                               : static_cast<std::int32_t>(columns->second.size());
 }
 
 std::uint32_t REPProcessor::GetViewColumnsColInPos(std::uint32_t view_id, long position) const {
-  auto const* const columns = FindIn(state_->view_columns, view_id);
-  if (!columns || position < 0 || static_cast<std::size_t>(position) >= columns->size()) return 0;
-  return (*columns)[static_cast<std::size_t>(position)];
+  auto const columns = state_->view_columns.find(view_id);
+  if (columns == state_->view_columns.end() || position < 0 ||
+      static_cast<std::size_t>(position) >= columns->second.size())
+    return 0;
+  return columns->second[static_cast<std::size_t>(position)];
 }
 
 REPProcess_e REPProcessor::AliasNameListAdd(REPName const* alias) {

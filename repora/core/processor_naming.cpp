@@ -1,5 +1,6 @@
-#include <algorithm>
-#include <iterator>
+#include <array>
+#include <optional>
+#include <string_view>
 
 #include "repora/core/letters.h"
 #include "repora/core/name.h"
@@ -33,20 +34,27 @@ constexpr MOXId kShortNameTypes[] = {
     ORVTypes::oView,
 };
 
-std::string ApplyPhysicalCase(eREPPhysical rule, std::string text) {
+constexpr auto kUsesShortName = [] {
+  std::array<bool, repora::kTypeEnd> uses{};
+  for (auto const type : kShortNameTypes) uses[type] = true;
+  return uses;
+}();
+
+// Both give the text itself as it is, or a new one that the buffer holds.
+std::string_view ApplyPhysicalCase(eREPPhysical rule, std::string_view text, std::string& buffer) {
   switch (rule) {
-    case eREPPhysicalLower: return repora::ToLower(text);
-    case eREPPhysicalUpper: return repora::ToUpper(text);
+    case eREPPhysicalLower: return buffer = repora::ToLower(text);
+    case eREPPhysicalUpper: return buffer = repora::ToUpper(text);
     case eREPPhysicalAsIs: break;
   }
   return text;
 }
 
-std::string ApplyLogicalCase(eREPLogical rule, std::string text) {
+std::string_view ApplyLogicalCase(eREPLogical rule, std::string_view text, std::string& buffer) {
   switch (rule) {
-    case eREPLogicalLower: return repora::ToLower(text);
-    case eREPLogicalUpper: return repora::ToUpper(text);
-    case eREPLogicalMixed: return repora::ToMixed(text);
+    case eREPLogicalLower: return buffer = repora::ToLower(text);
+    case eREPLogicalUpper: return buffer = repora::ToUpper(text);
+    case eREPLogicalMixed: return buffer = repora::ToMixed(text);
     case eREPLogicalAsIs: break;
   }
   return text;
@@ -55,18 +63,17 @@ std::string ApplyLogicalCase(eREPLogical rule, std::string text) {
 }  // namespace
 
 bool REPProcessor::TypeUsesShortName(MOXId type) const {
-  return std::find(std::begin(kShortNameTypes), std::end(kShortNameTypes), type) !=
-         std::end(kShortNameTypes);
+  return type < kUsesShortName.size() && kUsesShortName[type];
 }
 
 bool REPProcessor::TypeUsesPhysicalName(MOXId type) const {
-  auto const known = state_->uses_physical_name.find(type);
-  if (known != state_->uses_physical_name.end()) return known->second;
+  auto& known = state_->uses_physical_name;
+  if (type < known.size() && known[type]) return *known[type];
   auto* const metamodel = state_->model_set ? state_->model_set->GetMetamodel() : nullptr;
   auto const* const association =
       MOXUtilityPack::FindAssociation(metamodel, type, ORVTypes::pPhysicalName);
   bool const uses = association && association->GetBoolean(MOXTypes::pIsDeprecated) != 1;
-  if (state_->summary) state_->uses_physical_name.emplace(type, uses);
+  if (state_->summary && type < known.size()) known[type] = uses;
   return uses;
 }
 
@@ -77,9 +84,10 @@ bool REPProcessor::TypeUsesDBOwner(MOXId type) const {
 
 void REPProcessor::SetNameProp(MOXActionSummaryItem* item, REPName const* name) {
   if (!item || !name || name->IsEmpty()) return;
-  auto const full =
-      TypeUsesShortName(item->Type()) ? name->GetName(false) : name->GetFullName(false);
-  auto const physical = name->IsQuoted() ? full : ApplyPhysicalCase(state_->physical_case, full);
+  auto const full = TypeUsesShortName(item->Type()) ? name->NameView() : name->FullNameView();
+  std::string physical_buffer;
+  auto const physical =
+      name->IsQuoted() ? full : ApplyPhysicalCase(state_->physical_case, full, physical_buffer);
   auto const set_name = [&](repora::SharedText const& text) {
     item->SetName(text);
     item->SetProperty(MOXTypes::pName, QELValue(text));
@@ -97,19 +105,21 @@ void REPProcessor::SetNameProp(MOXActionSummaryItem* item, REPName const* name) 
       return;
     }
   }
-  auto const logical = name->IsQuoted() ? full : ApplyLogicalCase(state_->logical_case, full);
+  std::string logical_buffer;
+  auto const logical =
+      name->IsQuoted() ? full : ApplyLogicalCase(state_->logical_case, full, logical_buffer);
   repora::SharedText const logical_text(logical);
   set_name(logical_text);
-  item->SetProperty(ORVTypes::pPhysicalName, logical == physical
-                                                 ? QELValue(logical_text)
-                                                 : QELValue(std::string_view(physical)));
+  item->SetProperty(ORVTypes::pPhysicalName,
+                    logical == physical ? QELValue(logical_text) : QELValue(physical));
 }
 
 void REPProcessor::SetPhysicalNameProp(MOXActionSummaryItem* item, REPName const* name) const {
   if (!item || !name || name->IsEmpty()) return;
-  auto text = TypeUsesShortName(item->Type()) ? name->GetName(false) : name->GetFullName(false);
-  if (!name->IsQuoted()) text = ApplyPhysicalCase(state_->physical_case, std::move(text));
-  item->SetProperty(ORVTypes::pPhysicalName, QELValue(std::string_view(text)));
+  auto text = TypeUsesShortName(item->Type()) ? name->NameView() : name->FullNameView();
+  std::string buffer;
+  if (!name->IsQuoted()) text = ApplyPhysicalCase(state_->physical_case, text, buffer);
+  item->SetProperty(ORVTypes::pPhysicalName, QELValue(text));
 }
 
 void REPProcessor::SetPropOnActionItem(MOXActionSummaryItem* item, MOXProperty const& property,
@@ -131,13 +141,16 @@ std::string REPProcessor::GetObjectDisplayString(MOXId type) const {
   return std::to_string(type);
 }
 
+QELValue REPProcessor::ShareDatatype(std::string_view datatype) {
+  return state_->summary ? state_->KnowDatatype(datatype).text : QELValue(datatype);
+}
+
 std::uint32_t REPProcessor::IdentifyParentDomain(char const* datatype_name) {
-  std::string const name(datatype_name ? datatype_name : "");
-  if (auto const known = state_->parent_domains.find(name); known != state_->parent_domains.end())
-    return known->second;
-  auto const domain = LookUpParentDomain(name);
-  if (state_->summary) state_->parent_domains.emplace(name, domain);
-  return domain;
+  std::string_view const name(datatype_name ? datatype_name : "");
+  if (!state_->summary) return LookUpParentDomain(std::string(name));
+  auto& known = state_->KnowDatatype(name);
+  if (!known.domain) known.domain = LookUpParentDomain(std::string(name));
+  return *known.domain;
 }
 
 std::uint32_t REPProcessor::LookUpParentDomain(std::string const& datatype_name) const {

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <map>
-#include <mutex>
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -14,12 +17,14 @@
 
 namespace repora {
 
-// The children that the summary has, by owner and type, in ascending id order.
+// The children that the summary has, by owner and type, in ascending id order. Few runs ask for
+// them, so it is brought up to date when they do.
 class SummaryIndex {
  public:
   using Item = MOXActionSummaryItem;
 
-  void Add(Item* item);
+  // Takes in the items that came to the end of the map since the last time.
+  void Update(MOXItemMap const& items);
   Item* First(std::uint32_t owner, MOXId type) const;
   void Append(std::uint32_t owner, MOXId type, std::vector<Item*>& items) const;
   void Clear();
@@ -36,17 +41,77 @@ class SummaryIndex {
     std::uint32_t last = 0;
   };
 
+  void Add(Item* item);
   std::uint32_t FindGroup(std::uint32_t owner, MOXId type) const;
 
   IdSlots groups_of_owner_;
   BlockArray<Group> groups_;  // 0 means none, in both
   BlockArray<Node> nodes_;
+  std::ptrdiff_t items_seen_ = 0;
 };
 
-// One key or index of a table: its type and the map names of its member columns.
+// What the cross-reference maps know by a map name. In lists of numbers, 0 for none: a run makes
+// these while it frees statements, and a part on the heap per table would keep that memory in
+// pieces.
+struct CrossReferences {
+  bool is_table = false;
+  bool is_constraint = false;
+  std::uint32_t constraint = 0;   // id of the item
+  std::uint32_t first_index = 0;  // by ascending key group
+};
+// One key or index of a table.
 struct TableIndex {
+  std::uint32_t key_group = 0;
   REPIndexKeyType_e key_type{};
-  std::vector<std::string> members;
+  std::uint32_t first_member = 0;
+  std::uint32_t last_member = 0;
+  std::uint32_t member_count = 0;
+  std::uint32_t next = 0;
+};
+struct IndexMember {
+  std::uint32_t name = 0;  // map name of the column
+  std::uint32_t next = 0;
+};
+
+class CrossReferenceMaps {
+ public:
+  // What is known by a name; null when nothing ever was.
+  CrossReferences const* Find(REPName const* name) const;
+  CrossReferences* Find(REPName const* name);
+  CrossReferences& Add(REPName const* name);
+
+  std::uint32_t FindName(REPName const* name) const;  // NameTable::kNoName for an unknown one
+  std::string_view NameAt(std::uint32_t number) const { return names_[number].view(); }
+
+  void AddMember(CrossReferences& table, std::uint32_t key_group, REPIndexKeyType_e key_type,
+                 REPName const* column);
+  TableIndex const* FindIndex(CrossReferences const& table, std::uint32_t key_group) const;
+  // The first index that the test accepts, or null.
+  template <class Test>
+  TableIndex const* FindIndexIf(CrossReferences const& table, Test test) const {
+    for (auto i = table.first_index; i; i = indexes_[i].next)
+      if (test(indexes_[i])) return &indexes_[i];
+    return nullptr;
+  }
+  // Calls visit(name) for the members in their order until it returns false; whether none did.
+  template <class Visit>
+  bool VisitMembers(TableIndex const& index, Visit visit) const {
+    for (auto i = index.first_member; i; i = members_[i].next)
+      if (!visit(members_[i].name)) return false;
+    return true;
+  }
+
+ private:
+  NameTable names_;
+  BlockArray<CrossReferences> references_;  // by number of the name
+  BlockArray<TableIndex> indexes_;
+  BlockArray<IndexMember> members_;
+};
+
+// A datatype that columns of a run have: the text they share, and its domain once it was asked for.
+struct KnownDatatype {
+  QELValue text;
+  std::optional<std::uint32_t> domain;
 };
 
 }  // namespace repora
@@ -69,8 +134,9 @@ struct REPProcessor::State {
   int dbms_minor_version = 0;
   int model_type = 0;  // while the run goes on, 0: not read yet
   // Answers of the metamodel and the datatypes map, which do not change during a run.
-  mutable std::unordered_map<MOXId, bool> uses_physical_name;
-  std::unordered_map<std::string, std::uint32_t> parent_domains;
+  std::array<std::optional<bool>, repora::kTypeEnd> uses_physical_name;
+  repora::NameTable datatype_names;
+  std::vector<repora::KnownDatatype> datatypes;  // by number in datatype_names
 
   // The run in progress.
   MOXActionSummary* summary = nullptr;
@@ -82,16 +148,23 @@ struct REPProcessor::State {
   repora::ItemRegistry placeholders{names};
   repora::SummaryIndex summary_index;
 
-  // Guarded by the lock.
-  std::mutex lock;
-  bool stop = false;
-  bool pause = false;
+  // Set by other threads as well.
+  std::atomic<bool> stop = false;
+  std::atomic<bool> pause = false;
 
   // Cross-reference maps, kept until the processor goes.
-  std::map<std::string, std::map<std::uint32_t, repora::TableIndex>> table_indexes;
-  std::map<std::uint32_t, std::vector<std::uint32_t>> view_columns;
-  std::map<std::string, std::uint32_t> constraints;
+  repora::CrossReferenceMaps cross_references;
+  std::unordered_map<std::uint32_t, std::vector<std::uint32_t>> view_columns;
   std::unordered_set<std::string> alias_names;
 
   REPNotification notification{};
+
+  repora::KnownDatatype& KnowDatatype(std::string_view name) {
+    auto const number = datatype_names.Add(name);
+    if (number == datatypes.size()) datatypes.push_back({QELValue(name), std::nullopt});
+    return datatypes[number];
+  }
+  void UpdateSummaryIndex() {
+    if (summary) summary_index.Update(summary->CreatedObjects());
+  }
 };

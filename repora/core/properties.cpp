@@ -23,25 +23,23 @@ void SetReference(MOXActionSummaryItem& item, MOXId property, std::uint32_t id) 
 
 void SetReferences(MOXActionSummaryItem& item, MOXId property,
                    std::vector<std::uint32_t> const& ids) {
-  QELValue references;
-  for (auto const id : ids) references += QELShortId(id);
-  item.SetProperty(property, std::move(references));
+  item.SetProperty(property, QELValue::FromShortIds(ids));
 }
 
 void AddText(MOXActionSummaryItem& item, MOXId property, std::string_view text) {
-  item.AddProperty(MOXProperty(property, QELValue(text), false));
+  item.SetProperty(property, QELValue(text));
 }
 
 void AddInteger(MOXActionSummaryItem& item, MOXId property, std::int32_t number) {
-  item.AddProperty(MOXProperty(property, QELValue::FromInteger(number), false));
+  item.SetProperty(property, QELValue::FromInteger(number));
 }
 
 void AddBoolean(MOXActionSummaryItem& item, MOXId property, bool value) {
-  item.AddProperty(MOXProperty(property, QELValue::FromBoolean(value), false));
+  item.SetProperty(property, QELValue::FromBoolean(value));
 }
 
 void AddReference(MOXActionSummaryItem& item, MOXId property, std::uint32_t id) {
-  item.AddProperty(MOXProperty(property, QELValue(QELShortId(id)), false));
+  item.SetProperty(property, QELValue(QELShortId(id)));
 }
 
 void SetTextIfGiven(MOXActionSummaryItem& item, MOXId property, std::string_view text) {

@@ -13,7 +13,7 @@ void WriteDatatype(REPProcessor& processor, MOXActionSummaryItem& attribute,
                    REPDatatype const& datatype) {
   long model_id = 0;
   auto const text = datatype.AsString(model_id, true);
-  QELValue const value{std::string_view(text)};  // shared by both properties
+  auto const value = processor.ShareDatatype(text);
   attribute.SetProperty(ORVTypes::pDatatype, value);
   attribute.SetProperty(ORVTypes::pLogicalDatatype, value);
   if (model_id > 0)

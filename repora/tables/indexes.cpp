@@ -36,9 +36,10 @@ REPName repora::ScriptNameOf(MOXActionSummaryItem const& item) {
 
 void repora::WriteMemberOrder(REPProcessor const& processor, MOXActionSummaryItem& key_group,
                               std::vector<std::uint32_t> const& members) {
+  auto const order = QELValue::FromShortIds(members);
   if (processor.GetModelType() != codes::kModelPhysical)
-    SetReferences(key_group, ORVTypes::pKeyGroupMemberOrderList, members);
-  SetReferences(key_group, ORVTypes::pIndexMemberOrderList, members);
+    key_group.SetProperty(ORVTypes::pKeyGroupMemberOrderList, order);
+  key_group.SetProperty(ORVTypes::pIndexMemberOrderList, order);
 }
 
 REPProcess_e REPIndexAttributesClause::Process(REPProcessor* processor, MOXActionSummaryItem* owner,
