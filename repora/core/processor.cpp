@@ -211,7 +211,6 @@ bool REPProcessor::RunStatements() {
   state_->statements.clear();
   state_->registry.Clear();
   state_->placeholders.Clear();
-  state_->names.Clear();
   return complete;
 }
 

@@ -156,8 +156,9 @@ class REPProcessor : public repora::RuntimeObject,
   bool TypeUsesPhysicalName(MOXId type) const;
   bool TypeUsesDBOwner(MOXId type) const;
   std::string GetObjectDisplayString(MOXId type) const;
-  // A value with the text of a datatype, which the columns of a run share.
-  QELValue ShareDatatype(std::string_view datatype);
+  // A value with the text of a datatype, which the columns of a run share, and the domain that
+  // IdentifyParentDomain finds for it.
+  QELValue ShareDatatype(std::string_view datatype, std::uint32_t& domain);
   // The model's domain for an Oracle datatype name; null counts as empty.
   std::uint32_t IdentifyParentDomain(char const* datatype_name);
   // The header, in the macros of the code generator, that a trigger on an object of that type
@@ -235,7 +236,7 @@ class REPProcessor : public repora::RuntimeObject,
   void ApplySummary(Run& run);
   void EndRun();
   std::uint32_t LookUpParentDomain(std::string const& datatype_name) const;
-  MOXActionSummaryItem* FindMember(std::uint32_t key_group_id, std::string_view map_name) const;
+  MOXActionSummaryItem* FindMember(std::uint32_t key_group_id, std::uint32_t map_name) const;
 
   std::unique_ptr<State> state_;
 };

@@ -110,7 +110,7 @@ REPProcess_e REPProcessor::GetMemberAttributesForIndex(
   auto const* const index = references ? maps.FindIndex(*references, key_group_id) : nullptr;
   if (!index) return REPProcessError;
   bool const complete = maps.VisitMembers(*index, [&](std::uint32_t member) {
-    auto const* const item = FindMember(key_group_id, maps.NameAt(member));
+    auto const* const item = FindMember(key_group_id, member);
     auto const* const attribute = item ? item->Properties().Find(ORVTypes::pAttributeRef) : nullptr;
     if (attribute) attribute_ids.push_back(attribute->ShortId());
     return attribute != nullptr;
@@ -119,15 +119,12 @@ REPProcess_e REPProcessor::GetMemberAttributesForIndex(
 }
 
 MOXActionSummaryItem* REPProcessor::FindMember(std::uint32_t key_group_id,
-                                               std::string_view map_name) const {
-  if (!IsPlain(map_name)) {
-    REPName const name(map_name);
-    return FindItemPtr(key_group_id, ORVTypes::oKeyGroupMember, &name);
-  }
-  auto const number = state_->names.Find(map_name);
-  return number == NameTable::kNoName
-             ? nullptr
-             : state_->registry.Find({key_group_id, ORVTypes::oKeyGroupMember, number});
+                                               std::uint32_t map_name) const {
+  auto const text = state_->names[map_name].view();
+  if (IsPlain(text))
+    return state_->registry.Find({key_group_id, ORVTypes::oKeyGroupMember, map_name});
+  REPName const name(text);
+  return FindItemPtr(key_group_id, ORVTypes::oKeyGroupMember, &name);
 }
 
 REPProcess_e REPProcessor::RenameEntityInTableIndexes(REPName const* old_table,

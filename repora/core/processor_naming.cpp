@@ -1,5 +1,4 @@
 #include <array>
-#include <optional>
 #include <string_view>
 
 #include "repora/core/letters.h"
@@ -141,16 +140,23 @@ std::string REPProcessor::GetObjectDisplayString(MOXId type) const {
   return std::to_string(type);
 }
 
-QELValue REPProcessor::ShareDatatype(std::string_view datatype) {
-  return state_->summary ? state_->KnowDatatype(datatype).text : QELValue(datatype);
+QELValue REPProcessor::ShareDatatype(std::string_view datatype, std::uint32_t& domain) {
+  if (!state_->summary) {
+    domain = LookUpParentDomain(std::string(datatype));
+    return QELValue(datatype);
+  }
+  auto const number = state_->datatype_names.Add(datatype);
+  auto& known = state_->datatypes;
+  if (number == known.size())
+    known.push_back({QELValue(datatype), LookUpParentDomain(std::string(datatype))});
+  domain = known[number].domain;
+  return known[number].text;
 }
 
 std::uint32_t REPProcessor::IdentifyParentDomain(char const* datatype_name) {
-  std::string_view const name(datatype_name ? datatype_name : "");
-  if (!state_->summary) return LookUpParentDomain(std::string(name));
-  auto& known = state_->KnowDatatype(name);
-  if (!known.domain) known.domain = LookUpParentDomain(std::string(name));
-  return *known.domain;
+  std::uint32_t domain = 0;
+  ShareDatatype(datatype_name ? datatype_name : "", domain);
+  return domain;
 }
 
 std::uint32_t REPProcessor::LookUpParentDomain(std::string const& datatype_name) const {

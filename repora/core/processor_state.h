@@ -75,13 +75,14 @@ struct IndexMember {
 
 class CrossReferenceMaps {
  public:
+  explicit CrossReferenceMaps(NameTable& names) : names_(names) {}
+
   // What is known by a name; null when nothing ever was.
   CrossReferences const* Find(REPName const* name) const;
   CrossReferences* Find(REPName const* name);
   CrossReferences& Add(REPName const* name);
 
   std::uint32_t FindName(REPName const* name) const;  // NameTable::kNoName for an unknown one
-  std::string_view NameAt(std::uint32_t number) const { return names_[number].view(); }
 
   void AddMember(CrossReferences& table, std::uint32_t key_group, REPIndexKeyType_e key_type,
                  REPName const* column);
@@ -102,16 +103,16 @@ class CrossReferenceMaps {
   }
 
  private:
-  NameTable names_;
+  NameTable& names_;
   BlockArray<CrossReferences> references_;  // by number of the name
   BlockArray<TableIndex> indexes_;
   BlockArray<IndexMember> members_;
 };
 
-// A datatype that columns of a run have: the text they share, and its domain once it was asked for.
+// A datatype that columns of a run have: the text they share, and its domain.
 struct KnownDatatype {
   QELValue text;
-  std::optional<std::uint32_t> domain;
+  std::uint32_t domain = 0;
 };
 
 }  // namespace repora
@@ -143,7 +144,7 @@ struct REPProcessor::State {
   REPStatement_e statement_type = REPStatement_e::None;
   std::vector<REPStatement*> statements;  // owned; null once run
   REPStatementSource* source = nullptr;   // borrowed; asked when those have run
-  repora::NameTable names;
+  repora::NameTable names;                // kept for the cross-reference maps
   repora::ItemRegistry registry{names};
   repora::ItemRegistry placeholders{names};
   repora::SummaryIndex summary_index;
@@ -153,17 +154,12 @@ struct REPProcessor::State {
   std::atomic<bool> pause = false;
 
   // Cross-reference maps, kept until the processor goes.
-  repora::CrossReferenceMaps cross_references;
+  repora::CrossReferenceMaps cross_references{names};
   std::unordered_map<std::uint32_t, std::vector<std::uint32_t>> view_columns;
   std::unordered_set<std::string> alias_names;
 
   REPNotification notification{};
 
-  repora::KnownDatatype& KnowDatatype(std::string_view name) {
-    auto const number = datatype_names.Add(name);
-    if (number == datatypes.size()) datatypes.push_back({QELValue(name), std::nullopt});
-    return datatypes[number];
-  }
   void UpdateSummaryIndex() {
     if (summary) summary_index.Update(summary->CreatedObjects());
   }

@@ -76,7 +76,10 @@ class Progress {
     Tell(MOXBuilderCallbackI::eProgress);
   }
   void CountItem() {
-    if (++done_ % step_ == 0 || done_ == total_) Tell(MOXBuilderCallbackI::eProgress);
+    if (++done_ == next_ || done_ == total_) {
+      if (done_ == next_) next_ += step_;
+      Tell(MOXBuilderCallbackI::eProgress);
+    }
   }
   void Finish() { Tell(MOXBuilderCallbackI::eFinished); }
 
@@ -89,6 +92,7 @@ class Progress {
   MOXBuilderCallbackI* callback_;
   std::size_t total_;
   std::size_t step_;
+  std::size_t next_ = step_;
   std::size_t done_ = 0;
 };
 
@@ -97,7 +101,7 @@ class BuildPlan {
  public:
   struct Target {
     std::uint32_t id;
-    MOXActionSummaryItem const* item;
+    std::uint32_t item;  // its place among the items
   };
 
   BuildPlan(MemoryModelSet const& model_set, MOXActionSummary const& summary,
@@ -107,15 +111,15 @@ class BuildPlan {
     auto const last_item = items.size() == 0 ? 0 : (*(items.end() - 1))->Id();
     std::uint64_t next_free = std::uint64_t{std::max(model_set.HighestId(), last_item)} + 1;
     created.reserve(items.size());
-    for (auto const* item : items) {
-      auto const id = item->Id();
+    for (std::uint32_t place = 0; place < items.size(); ++place) {
+      auto const id = Item({0, place}).Id();
       auto target = Mapped(id);
       if (summary.IsExisting(id) && model_set.Has(target)) {
-        changed.push_back({target, item});
+        changed.push_back({target, place});
       } else {
         bool const free = id != 0 && !model_set.Has(id);
         target = free ? id : static_cast<std::uint32_t>(next_free++);
-        created.push_back({target, item});
+        created.push_back({target, place});
       }
       if (target != id) moved_[id] = target;
     }
@@ -125,6 +129,10 @@ class BuildPlan {
     auto const by_id = [](Target const& a, Target const& b) { return a.id < b.id; };
     if (!std::is_sorted(created.begin(), created.end(), by_id))
       std::sort(created.begin(), created.end(), by_id);
+  }
+
+  MOXActionSummaryItem const& Item(Target const& target) const {
+    return **(summary_.CreatedObjects().begin() + target.item);
   }
 
   // Whether every id of the summary is the id in the model, so that nothing is to be translated.
@@ -196,14 +204,15 @@ PropertySet NewProperties(MOXActionSummaryItem const& item, BuildPlan const& pla
 bool ChangeObject(MemoryModelSet& model_set, BuildPlan::Target const& target,
                   BuildPlan const& plan) {
   auto const before = model_set.ChangeCount();
-  auto const owner = plan.Translated(target.item->Owner());
+  auto const& item = plan.Item(target);
+  auto const owner = plan.Translated(item.Owner());
   if (model_set.OwnerOf(target.id) != owner) model_set.SetOwner(target.id, owner);
-  for (auto const& property : target.item->Properties()) {
+  for (auto const& property : item.Properties()) {
     auto value = plan.Translated(property.value);
     auto const* old = model_set.PropertiesOf(target.id)->Find(property.id);
     if (!old || !(*old == value)) model_set.SetProperty(target.id, property.id, std::move(value));
   }
-  for (auto const property : target.item->RemovedProperties())
+  for (auto const property : item.RemovedProperties())
     if (model_set.PropertiesOf(target.id)->Find(property))
       model_set.RemoveProperty(target.id, property);
   return model_set.ChangeCount() != before;
@@ -218,25 +227,27 @@ bool MemoryBuilder::Build(MOXActionSummary* summary, unsigned /*flags*/,
   if (!plan.fits) return false;
 
   Progress progress(callback_, plan.created.size() + plan.changed.size());
-  std::vector<std::uint32_t> touched;
-  touched.reserve(plan.created.size());
   model_set_.Reserve(plan.created.size());
   for (auto const& target : plan.created) {
-    auto const& item = *target.item;
+    auto const& item = plan.Item(target);
     model_set_.InsertObject(target.id, item.Type(), plan.Translated(item.Owner()),
                             NewProperties(item, plan));
-    touched.push_back(target.id);
     progress.CountItem();
   }
+  std::vector<std::uint32_t> really_changed;
   for (auto const& target : plan.changed) {
-    if (ChangeObject(model_set_, target, plan)) touched.push_back(target.id);
+    if (ChangeObject(model_set_, target, plan)) really_changed.push_back(target.id);
     progress.CountItem();
   }
 
-  MOXObject object;
-  if (validator_)
-    for (auto const id : touched)
-      if (model_set_.GetModel()->FindObject(id, object)) validator_->Validate(object);
+  if (validator_) {
+    auto* const model = model_set_.GetModel();
+    for (auto const& target : plan.created)
+      validator_->Validate(MOXObject(model, target.id, plan.Item(target).Type()));
+    MOXObject object;
+    for (auto const id : really_changed)
+      if (model->FindObject(id, object)) validator_->Validate(object);
+  }
   progress.Finish();
   return true;
 }

@@ -73,7 +73,13 @@ class ObjectStore {
     if (id <= highest_ && FindSorted(id)) return false;
     bool const in_order = sorted_ == objects_.size() && id > highest_;
     objects_.push_back(std::move(object));
-    if (in_order) ++sorted_;
+    if (in_order) {
+      if (id != highest_ + 1) {
+        tail_ = sorted_;
+        tail_id_ = id;
+      }
+      ++sorted_;
+    }
     highest_ = std::max(highest_, id);
     return true;
   }
@@ -84,13 +90,12 @@ class ObjectStore {
   }
 
   bool Has(std::uint32_t id) const {
-    if (highest_ == objects_.size()) return id - 1 < highest_;  // no gaps: the ids start at 1
-    return Find(id) != nullptr;
+    Merge();
+    return IsInTail(id) || FindSorted(id) != nullptr;
   }
   Object* Find(std::uint32_t id) const {
     Merge();
-    if (highest_ == objects_.size()) return id - 1 < highest_ ? &objects_[id - 1] : nullptr;
-    return FindSorted(id);
+    return IsInTail(id) ? &objects_[tail_ + (id - tail_id_)] : FindSorted(id);
   }
   // The object with the lowest id from that one on, or null.
   Object* FindFrom(std::uint32_t id) const {
@@ -105,6 +110,9 @@ class ObjectStore {
   std::uint32_t HighestId() const { return highest_; }
 
  private:
+  // Whether the id is one of those that follow each other without gaps up to the highest.
+  bool IsInTail(std::uint32_t id) const { return id >= tail_id_ && id <= highest_; }
+
   // The place of the id among the sorted objects. As no id stands twice, the ids before it and
   // those behind it leave only as many places to search as there are gaps between the ids.
   std::size_t LowerBound(std::uint32_t id) const {
@@ -129,10 +137,15 @@ class ObjectStore {
     std::inplace_merge(objects_.begin(), middle, objects_.end(),
                        [](Object const& a, Object const& b) { return a.id < b.id; });
     sorted_ = objects_.size();
+    tail_ = sorted_ - 1;
+    while (tail_ > 0 && objects_[tail_ - 1].id + 1 == objects_[tail_].id) --tail_;
+    tail_id_ = objects_[tail_].id;
   }
 
   mutable std::vector<Object> objects_;
   mutable std::size_t sorted_ = 0;  // how many objects at the front are in order
+  mutable std::size_t tail_ = 0;    // from there on the ids have no gaps
+  mutable std::uint32_t tail_id_ = 1;
   std::uint32_t highest_ = 0;
 };
 

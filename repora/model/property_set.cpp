@@ -10,7 +10,7 @@
 namespace repora {
 namespace {
 
-constexpr std::size_t kRoom = 4;  // entries that a set begins with and grows by
+constexpr std::size_t kRoom = 2;  // entries that a set begins with and grows by
 
 }  // namespace
 
@@ -68,7 +68,7 @@ void PropertySet::Set(MOXId id, QELValue value) {
     return;
   }
   auto const room = block_ ? std::size_t{block_->capacity} : 0;
-  MakeOwn(size() < room ? room : room + std::max(kRoom, room / 2 / kRoom * kRoom));
+  MakeOwn(size() < room ? room : room + std::max(kRoom, room / 2));
   auto* const entry = block_->Entries() + index;
   std::memmove(static_cast<void*>(entry + 1), entry, (block_->size - index) * sizeof(Entry));
   new (entry) Entry{id, std::move(value)};

@@ -13,7 +13,8 @@ void WriteDatatype(REPProcessor& processor, MOXActionSummaryItem& attribute,
                    REPDatatype const& datatype) {
   long model_id = 0;
   auto const text = datatype.AsString(model_id, true);
-  auto const value = processor.ShareDatatype(text);
+  std::uint32_t domain = 0;
+  auto const value = processor.ShareDatatype(text, domain);
   attribute.SetProperty(ORVTypes::pDatatype, value);
   attribute.SetProperty(ORVTypes::pLogicalDatatype, value);
   if (model_id > 0)
@@ -22,8 +23,7 @@ void WriteDatatype(REPProcessor& processor, MOXActionSummaryItem& attribute,
     SetInteger(attribute, ORVTypes::pCharacterSemantics, codes::kByteSemantics);
   if (datatype.GetCharType() == REPChartype_e::Char)
     SetInteger(attribute, ORVTypes::pCharacterSemantics, codes::kCharSemantics);
-  if (auto const domain = processor.IdentifyParentDomain(text.c_str()))
-    SetReference(attribute, ORVTypes::pParentDomain, domain);
+  if (domain) SetReference(attribute, ORVTypes::pParentDomain, domain);
 }
 
 void WriteDefault(REPProcessor& processor, MOXActionSummaryItem const& attribute,
