@@ -82,7 +82,7 @@ void ParseTails(TokenStream& in, Clause& clause) {
     } else if (in.Accept(K_ONLINE) || in.Accept(K_CASCADE)) {
       in.Note(token, "clause " + std::string(TextOf(token.word)) + " is skipped");
     } else if (in.Accept(K_ALLOW, K_CLUSTERING) || in.Accept(K_DISALLOW, K_CLUSTERING)) {
-      in.Note(token, "clause CLUSTERING is skipped");
+      in.Note(token, "clause " + std::string(TextOf(token.word)) + " CLUSTERING is skipped");
     } else if (!in.Is(K_INCLUDING) || !SkipClause(in, ClausePlace::Partition)) {
       break;
     }

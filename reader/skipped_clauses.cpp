@@ -1,8 +1,8 @@
 #include "reader/skipped_clauses.h"
 
-#include <cctype>
 #include <string>
 
+#include "reader/characters.h"
 #include "reader/parse_names.h"
 #include "repora/core/letters.h"
 
@@ -184,6 +184,8 @@ constexpr Clause kClauses[] = {
     {kAlter, "SET PARTITIONING {AUTOMATIC | MANUAL}"},
     {kAlter | kPartition, "INCLUDING ROWS WHERE condition", "INCLUDING ROWS"},
     {kAlter, "UPDATE INDEXES [()]"},
+    {kAlter, "ALLOW CLUSTERING"},
+    {kAlter, "DISALLOW CLUSTERING"},
     // Columns.
     {kColumn, "VISIBLE"},
     {kColumn, "INVISIBLE"},
@@ -432,8 +434,11 @@ std::string NameOf(Clause const& clause) {
 bool SkipClause(TokenStream& in, ClausePlace place) {
   auto const& token = in.Peek();
   if (token.kind != TokenKind::Word) return false;
+  auto const letter = UpperAscii(in.TextOf(token)[0]);
   for (auto const& clause : kClauses) {
-    if ((clause.places & In(place)) == 0 || !Matcher(in).Sequence(clause.grammar)) continue;
+    if (clause.grammar[0] != letter || (clause.places & In(place)) == 0 ||
+        !Matcher(in).Sequence(clause.grammar))
+      continue;
     in.Note(token, "clause " + NameOf(clause) + " is skipped");
     return true;
   }
