@@ -287,6 +287,7 @@ void ParseModifyConstraint(TokenStream& in, REPAlterTable& table) {
   if (!state) in.Fail("a constraint state");
   auto const& cascade = in.Peek();
   if (in.Accept(K_CASCADE)) in.Note(cascade, "CASCADE of MODIFY is skipped");
+  if (state->AsString().empty()) return;  // all of it was skipped
   if (table.GetModifyConstraint() != REPModifyConstr_e::None || !TakeTarget(table, target)) {
     in.Note(token, "MODIFY of another constraint is skipped");
     return;

@@ -70,6 +70,13 @@ bool IsValue(Word word) {
   }
 }
 
+// Whether FROM comes, and not that of NTH_VALUE(...) FROM {FIRST | LAST} [nulls] OVER (...).
+bool StartsFrom(TokenStream const& in) {
+  if (!in.Is(K_FROM) || (!in.Is(K_FROM, K_FIRST) && !in.Is(K_FROM, K_LAST))) return in.Is(K_FROM);
+  auto const behind = in.Peek(2).word;
+  return behind != K_OVER && behind != K_IGNORE && behind != K_RESPECT;
+}
+
 // Whether the object model, which renders names without quotes, would change the name.
 bool NeedsQuotes(std::string_view quoted) {
   auto const name = quoted.substr(1, quoted.size() - 2);
@@ -311,7 +318,7 @@ void QueryReader::ReadSelectList(REPSelect& query) {
 void QueryReader::ReadEntry(REPSelectList& list) {
   auto const start = in_.Mark();
   items_.clear();
-  while (!in_.Is(',') && !in_.Is(K_FROM) && !EndsQuery(in_)) {
+  while (!in_.Is(',') && !StartsFrom(in_) && !EndsQuery(in_)) {
     items_.push_back({in_.Peek(), in_.Mark()});
     in_.SkipItem();
   }
