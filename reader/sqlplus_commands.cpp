@@ -87,7 +87,8 @@ bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> name
                      [&](std::string_view name) { return EqualsIgnoringCase(word, name); });
 }
 
-// Whether the rest of a line can follow the name of a command.
+// Whether the text behind the name of a command can follow it. The line is not searched to its end:
+// it may hold as many statements as the script.
 bool CanFollow(std::string_view rest, Command const& command) {
   char const next = rest.empty() ? ' ' : rest.front();
   if (IsNameByte(static_cast<unsigned char>(next))) return false;
@@ -105,10 +106,11 @@ bool CanFollow(std::string_view rest, Command const& command) {
   // One letter is too little to be sure by.
   if (command.shortest > 1) return true;
   if (IsOneOf(word, {"LAST"})) rest.remove_prefix(word.size());
-  return rest.find_first_not_of("0123456789* \t;") == std::string_view::npos;
+  auto const other = rest.find_first_not_of("0123456789* \t;");
+  return other == std::string_view::npos || IsLineEnd(rest[other]);
 }
 
-// Whether a line that starts with "$" is for the operating system, and is neither conditional
+// Whether a line that starts with a "$" is for the operating system, and is neither conditional
 // compilation nor a placeholder of a migration tool.
 bool IsHost(std::string_view line) {
   line.remove_prefix(1);
@@ -165,23 +167,23 @@ bool Abbreviates(std::string_view word, std::string_view name, std::size_t short
 }
 
 CommandKind CommandAt(std::string_view text, std::size_t offset) {
-  auto const line = text.substr(offset, LineEnd(text, offset) - offset);
-  if (line.starts_with("@@")) return CommandKind::IncludeBeside;
-  if (line.starts_with('@')) return CommandKind::Include;
-  if (line.starts_with('!')) return CommandKind::Other;
-  if (line.starts_with('$')) return IsHost(line) ? CommandKind::Other : CommandKind::None;
-  auto const word = WordOf(line);
+  text.remove_prefix(offset);
+  if (text.starts_with("@@")) return CommandKind::IncludeBeside;
+  if (text.starts_with('@')) return CommandKind::Include;
+  if (text.starts_with('!')) return CommandKind::Other;
+  if (text.starts_with('$')) return IsHost(text) ? CommandKind::Other : CommandKind::None;
+  auto const word = WordOf(text);
   for (auto const& command : kCommands)
     if (Abbreviates(word, command.name, command.shortest))
-      return CanFollow(line.substr(word.size()), command) ? command.kind : CommandKind::None;
+      return CanFollow(text.substr(word.size()), command) ? command.kind : CommandKind::None;
   return CommandKind::None;
 }
 
 bool IsLogin(std::string_view text, std::size_t offset) {
-  auto const line = text.substr(offset, LineEnd(text, offset) - offset);
-  auto const word = WordOf(line);
+  auto const word = WordOf(text.substr(offset));
   if (!Abbreviates(word, "CONNECT", 4)) return false;
-  auto const login = TrimLeft(line.substr(word.size()));
+  auto const start = offset + word.size();
+  auto const login = TrimLeft(text.substr(start, LineEnd(text, start) - start));
   auto const user = login.starts_with('"') ? QuoteEnd(login, 0) : login.find_first_of("/ \t");
   if (user == 0 || user >= login.size() || login[user] != '/') return false;
   auto const password = login.substr(user + 1);
