@@ -5,6 +5,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_statements.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/tables/alter_index.h"
 
 namespace repora::reader {
@@ -111,7 +112,7 @@ bool ParseRebuildOption(TokenStream& in, REPRebuildClause& rebuild) {
     std::unique_ptr<REPName> const replaced(rebuild.GetTablespace());
     rebuild.SetTablespace(name.release());
   } else {
-    return SkipNewerIndexProperty(in);
+    return SkipClause(in, ClausePlace::Index);
   }
   return true;
 }
@@ -157,7 +158,7 @@ void ParseModify(TokenStream& in, REPAlterIndexPartition& partition) {
   if (in.Accept(K_SUBPARTITION)) {
     partition.SetAlterIndex(REPAlterIndex_e::ModifySubpartition);
     partition.SetSubpartition(ParseSimpleName(in).release());
-    while (ParseSegmentChange(in, partition) || SkipNewerIndexProperty(in)) {
+    while (ParseSegmentChange(in, partition) || SkipClause(in, ClausePlace::Index)) {
     }
     return;
   }
@@ -170,7 +171,7 @@ void ParseModify(TokenStream& in, REPAlterIndexPartition& partition) {
       partition.SetCompression1(compression.compress);
       partition.SetCompressionSize1(in.Copy(compression.size));
     } else if (!ParseSegmentChange(in, partition) && !ParseWholeChange(in, partition) &&
-               !SkipNewerIndexProperty(in)) {
+               !SkipClause(in, ClausePlace::Index)) {
       return;
     }
   }
@@ -285,7 +286,7 @@ bool ParseIndexChange(TokenStream& in, REPAlterIndex& index) {
     index.SetMonitor(REPMonitor_e::Off);
   } else {
     auto const& token = in.Peek();
-    if (!in.Accept(K_COMPILE)) return SkipNewerIndexProperty(in);
+    if (!in.Accept(K_COMPILE)) return SkipClause(in, ClausePlace::Index);
     NoteSkipped(in, token);
   }
   return true;

@@ -4,6 +4,7 @@
 #include "reader/parse_names.h"
 #include "reader/parse_partitions.h"
 #include "reader/parse_storage.h"
+#include "reader/skipped_clauses.h"
 #include "repora/storage/compression.h"
 #include "repora/storage/partitions.h"
 
@@ -14,21 +15,11 @@ std::string SkippedClause(Word word) {
   return "clause " + std::string(TextOf(word)) + " is skipped";
 }
 
-// SEGMENT CREATION {IMMEDIATE | DEFERRED} | COMPUTE STATISTICS | ONLINE | PARAMETERS ('text') |
-// a newer property: what a partition of an index has no place for.
+// COMPUTE STATISTICS | ONLINE | a newer property: what a partition of an index has no place for.
 bool SkipPartitionOption(TokenStream& in) {
   auto const& option = in.Peek();
-  if (in.Accept(K_COMPUTE, K_STATISTICS) || in.Accept(K_ONLINE)) {
-  } else if (in.Accept(K_SEGMENT)) {
-    in.Expect(K_CREATION);
-    if (!in.Accept(K_DEFERRED)) in.Expect(K_IMMEDIATE);
-    in.Note(option, "clause SEGMENT CREATION is skipped");
-    return true;
-  } else if (in.Is(K_PARAMETERS)) {
-    ParseIndexParameters(in);
-  } else {
-    return SkipNewerIndexProperty(in);
-  }
+  if (!in.Accept(K_COMPUTE, K_STATISTICS) && !in.Accept(K_ONLINE))
+    return SkipClause(in, ClausePlace::Index);
   in.Note(option, SkippedClause(option.word));
   return true;
 }

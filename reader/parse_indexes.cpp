@@ -154,7 +154,7 @@ std::unique_ptr<REPDomainIndexClause> ParseDomainIndex(TokenStream& in) {
   auto domain = std::make_unique<REPDomainIndexClause>();
   in.Expect(K_INDEXTYPE, K_IS);
   domain->SetIndextypeName(ParseName(in).release());
-  while (!in.Is(K_PARAMETERS) && SkipNewerIndexProperty(in)) {
+  while (!in.Is(K_PARAMETERS) && SkipClause(in, ClausePlace::Index)) {
   }
   domain->SetParallelClause(ParseParallel(in).release());
   if (in.Is(K_PARAMETERS)) domain->SetODCIParameters(ParseIndexParameters(in).c_str());
@@ -173,7 +173,7 @@ std::unique_ptr<REPIndexAttributesClause> ParseIndexAttributes(TokenStream& in,
     } else if (join && in.Is(K_LOCAL)) {
       Replace(*join, &REPBitmapIndexClause::GetLocalPartition,
               &REPBitmapIndexClause::SetLocalPartition, ParseLocalPartitions(in));
-    } else if (!SkipNewerIndexProperty(in)) {
+    } else if (!SkipClause(in, ClausePlace::Index)) {
       break;
     }
   }
@@ -249,7 +249,7 @@ std::unique_ptr<REPIndexPropertiesClause> ParseProperties(TokenStream& in, bool 
     } else if (ParseIndexAttribute(in, *properties->GetIndexAttributes()) ||
                ParseIndexPartitions(in, *properties)) {
       given = true;
-    } else if (!SkipNewerIndexProperty(in) && !(skip_placeholders && SkipPlaceholder(in))) {
+    } else if (!SkipClause(in, ClausePlace::Index) && !(skip_placeholders && SkipPlaceholder(in))) {
       break;
     }
   }
@@ -295,10 +295,6 @@ Compression ParseIndexCompression(TokenStream& in) {
     if (!in.Accept(K_LOW)) in.Accept(K_HIGH);
   }
   return compression;
-}
-
-bool SkipNewerIndexProperty(TokenStream& in) {
-  return SkipClause(in, ClausePlace::Index);
 }
 
 std::string ParseIndexParameters(TokenStream& in) {

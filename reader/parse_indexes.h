@@ -18,11 +18,6 @@ std::unique_ptr<REPIndexPropertiesClause> ParseIndexProperties(TokenStream& in);
 // COMPRESS [n | ADVANCED [LOW | HIGH]] | NOCOMPRESS; nothing when none comes. The kind is skipped.
 Compression ParseIndexCompression(TokenStream& in);
 
-// VISIBLE | INVISIBLE | USABLE | UNUSABLE | NOREVERSE | INDEXING {FULL | PARTIAL} |
-//   {DEFERRED | IMMEDIATE} INVALIDATION | ANNOTATIONS (...): newer properties that an index object
-// has no place for. False when none comes.
-bool SkipNewerIndexProperty(TokenStream& in);
-
 // PARAMETERS ('text') as the text that one in plain quotes holds, without these.
 std::string ParseIndexParameters(TokenStream& in);
 

@@ -12,6 +12,7 @@ std::unique_ptr<REPStatement> ParseCreateRollbackSegment(TokenStream& in) {
   in.Expect(K_CREATE);
   if (in.Accept(K_PUBLIC)) segment->SetPublic();
   in.Expect(K_ROLLBACK, K_SEGMENT);
+  SkipIfNotExists(in);
   segment->SetSegmentName(ParseName(in).release());
   std::unique_ptr<REPName> tablespace;
   while (!in.AtEnd()) {
@@ -31,6 +32,7 @@ std::unique_ptr<REPStatement> ParseAlterRollbackSegment(TokenStream& in) {
   auto segment = std::make_unique<REPAlterRollbackSegment>();
   segment->SetStatementType(REPStatement_e::AlterRollbackSegment);
   in.Expect(K_ALTER, K_ROLLBACK, K_SEGMENT);
+  SkipIfExists(in);
   segment->SetSegmentName(ParseName(in).release());
   do {
     if (in.Accept(K_ONLINE)) {
