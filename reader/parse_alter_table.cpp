@@ -62,7 +62,10 @@ void SkipClause(TokenStream& in) {
   if (token.kind != TokenKind::Word || StartsStatement(token.word))
     in.Fail("a clause of ALTER TABLE");
   auto const note = [&]() -> std::string {
-    auto const second = [&] { return " " + ToUpper(in.TextOf(in.Peek(1))); };
+    auto const second = [&] {
+      return in.Peek(1).kind == TokenKind::Word ? " " + ToUpper(in.TextOf(in.Peek(1)))
+                                                : std::string();
+    };
     switch (token.word) {
       case K_COLUMN:
       case K_LOB:
@@ -365,7 +368,8 @@ bool StartsAlterClause(Word word) {
 }
 
 void SkipAlterClause(TokenStream& in) {
-  while (!in.AtEnd() && !StartsAlterClause(in.Peek().word) && !StartsStatement(in.Peek().word)) {
+  while (!in.AtEnd() && !StartsAlterClause(in.Peek().word) && !StartsStatement(in.Peek().word) &&
+         !StartsSkippedClause(in, ClausePlace::AlterTable)) {
     // What is stored may be a LOB, which is no clause of its own then.
     if (in.Accept(K_STORE, K_AS) && in.AtEnd()) break;
     in.SkipItem();

@@ -37,6 +37,7 @@ bool StartsClause(Word word) {
   switch (word) {
     case K_CACHE:
     case K_CLUSTER:
+    case K_COLUMN:
     case K_COMPRESS:
     case K_DISABLE:
     case K_ENABLE:
@@ -60,9 +61,11 @@ bool StartsClause(Word word) {
     case K_PARTITION:
     case K_PCTTHRESHOLD:
     case K_READ:
+    case K_REJECT:
     case K_ROWDEPENDENCIES:
     case K_SEGMENT:
-    case K_VARRAY: return true;
+    case K_VARRAY:
+    case K_XMLTYPE: return true;
     default: return StartsTableQuery(word) || StartsSegmentAttribute(word);
   }
 }
@@ -78,7 +81,9 @@ void SkipRest(TokenStream& in) {
   while (!in.AtEnd() && !in.Is(')')) {
     if (in.Accept(K_STORE, K_AS)) continue;
     auto const word = in.Peek().word;
-    if (StartsStatement(word) || StartsClause(word)) return;
+    if (StartsStatement(word) || StartsClause(word) || in.Is(K_ROW, K_STORE) ||
+        StartsSkippedClause(in, ClausePlace::Table))
+      return;
     in.SkipItem();
   }
 }
@@ -178,7 +183,11 @@ void SkipTableClause(TokenStream& in) {
 void ParseTableClause(TokenStream& in, REPCreateTable& table, Clauses& clauses) {
   auto const word = in.Peek().word;
   if (in.Is(K_FOR, K_EXCHANGE)) clauses.for_exchange = true;
-  if (clauses.physical.ParsePart(in) || SkipClause(in, ClausePlace::Table)) return;
+  if (clauses.physical.ParsePart(in)) return;
+  if (SkipClause(in, ClausePlace::Table)) {
+    SkipRest(in);  // what newer releases than these grammars have
+    return;
+  }
   if (StartsTableQuery(word) && !table.GetSelect()) {
     in.Accept(K_AS);
     table.SetSelect(ParseQuery(in).release());

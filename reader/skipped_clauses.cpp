@@ -429,20 +429,33 @@ std::string NameOf(Clause const& clause) {
   return name;
 }
 
+// Takes a clause that may stand there; null when none comes.
+Clause const* TakeClause(TokenStream& in, ClausePlace place) {
+  auto const& token = in.Peek();
+  if (token.kind != TokenKind::Word) return nullptr;
+  auto const letter = UpperAscii(in.TextOf(token)[0]);
+  for (auto const& clause : kClauses) {
+    bool const may_be = clause.grammar[0] == letter && (clause.places & In(place)) != 0;
+    if (may_be && Matcher(in).Sequence(clause.grammar)) return &clause;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 bool SkipClause(TokenStream& in, ClausePlace place) {
   auto const& token = in.Peek();
-  if (token.kind != TokenKind::Word) return false;
-  auto const letter = UpperAscii(in.TextOf(token)[0]);
-  for (auto const& clause : kClauses) {
-    if (clause.grammar[0] != letter || (clause.places & In(place)) == 0 ||
-        !Matcher(in).Sequence(clause.grammar))
-      continue;
-    in.Note(token, "clause " + NameOf(clause) + " is skipped");
-    return true;
-  }
-  return false;
+  auto const* const clause = TakeClause(in, place);
+  if (!clause) return false;
+  in.Note(token, "clause " + NameOf(*clause) + " is skipped");
+  return true;
+}
+
+bool StartsSkippedClause(TokenStream& in, ClausePlace place) {
+  auto const mark = in.Mark();
+  bool const starts = TakeClause(in, place) != nullptr;
+  in.Rewind(mark);
+  return starts;
 }
 
 bool TakeCompression(TokenStream& in) {

@@ -28,6 +28,9 @@ enum class ClausePlace : std::uint16_t {
 // is known.
 bool SkipClause(TokenStream& in, ClausePlace place);
 
+// Whether such a clause comes.
+bool StartsSkippedClause(TokenStream& in, ClausePlace place);
+
 // [COMPRESS ... | NOCOMPRESS | {ROW | COLUMN} STORE COMPRESS ...], which is not noted; false when
 // none comes.
 bool TakeCompression(TokenStream& in);
