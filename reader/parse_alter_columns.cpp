@@ -282,12 +282,13 @@ bool TakeTarget(REPAlterTable& table, Target& target) {
 // {CONSTRAINT name | PRIMARY KEY | UNIQUE (columns)} state [CASCADE]
 void ParseModifyConstraint(TokenStream& in, REPAlterTable& table) {
   auto const& token = in.Peek();
+  auto const mark = in.Mark() - 1;  // the MODIFY
   auto target = ParseTarget(in);
   auto state = ParseConstraintState(in);
   if (!state) in.Fail("a constraint state");
   auto const& cascade = in.Peek();
   if (in.Accept(K_CASCADE)) in.Note(cascade, "CASCADE of MODIFY is skipped");
-  if (state->AsString().empty()) return;  // all of it was skipped
+  if (state->AsString().empty()) return in.ForgetKeywords(mark);  // all of it was skipped
   if (table.GetModifyConstraint() != REPModifyConstr_e::None || !TakeTarget(table, target)) {
     in.Note(token, "MODIFY of another constraint is skipped");
     return;
