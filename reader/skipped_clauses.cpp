@@ -1,5 +1,7 @@
 #include "reader/skipped_clauses.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "reader/characters.h"
@@ -248,6 +250,34 @@ constexpr Clause kClauses[] = {
     {kLog, "FOR FAST REFRESH"},
     {kLog, "FOR SYNCHRONOUS REFRESH [USING name]"},
 };
+
+constexpr bool IsSmall(char c) {
+  return c >= 'a' && c <= 'z';
+}
+
+// Whether a grammar names only rules that there are, and nothing else that is not known.
+constexpr bool IsSound(std::string_view grammar) {
+  constexpr std::string_view kTerminals[] = {"name",   "id",     "names",     "item",
+                                             "number", "string", "condition", "rest"};
+  for (std::size_t i = 0; i < grammar.size(); ++i) {
+    if (!IsSmall(grammar[i])) continue;
+    auto const start = i;
+    while (i < grammar.size() && IsSmall(grammar[i])) ++i;
+    auto const word = grammar.substr(start, i - start);
+    bool const known =
+        start > 0 && grammar[start - 1] == '<'
+            ? std::any_of(std::begin(kRules), std::end(kRules),
+                          [word](Rule const& rule) { return rule.name == word; })
+            : std::find(std::begin(kTerminals), std::end(kTerminals), word) != std::end(kTerminals);
+    if (!known) return false;
+  }
+  return true;
+}
+static_assert(std::all_of(std::begin(kRules), std::end(kRules),
+                          [](Rule const& rule) { return IsSound(rule.grammar); }) &&
+                  std::all_of(std::begin(kClauses), std::end(kClauses),
+                              [](Clause const& clause) { return IsSound(clause.grammar); }),
+              "a grammar has a rule or an element that there is not");
 
 bool IsBlank(char c) {
   return c == ' ';
