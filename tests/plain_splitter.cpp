@@ -1,0 +1,367 @@
+#include "tests/plain_splitter.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+namespace repora::test {
+namespace {
+
+std::string Upper(std::string text) {
+  for (auto& c : text)
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  return text;
+}
+
+bool IsWordPart(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
+         c == '$' || c == '#' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool IsSpace(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\f' || c == '\v' || c == '\x1A';
+}
+
+std::string Trimmed(std::string const& line) {
+  std::size_t begin = 0;
+  std::size_t end = line.size();
+  while (begin < end && IsSpace(line[begin])) ++begin;
+  while (end > begin && IsSpace(line[end - 1])) --end;
+  return line.substr(begin, end - begin);
+}
+
+// The words of a text in capitals; every other character that is no blank is a word of its own.
+std::vector<std::string> WordsOf(std::string const& text) {
+  std::vector<std::string> words;
+  for (std::size_t i = 0; i < text.size();) {
+    auto end = i;
+    while (end < text.size() && IsWordPart(text[end])) ++end;
+    if (end == i) {
+      if (!IsSpace(text[i])) words.emplace_back(1, text[i]);
+      ++i;
+    } else {
+      words.push_back(Upper(text.substr(i, end - i)));
+      i = end;
+    }
+  }
+  return words;
+}
+
+std::set<std::string> const kVerbs = {
+    "CREATE",    "ALTER",     "COMMENT", "INSERT",   "UPDATE",       "DELETE",  "MERGE",
+    "SELECT",    "WITH",      "GRANT",   "REVOKE",   "DROP",         "RENAME",  "TRUNCATE",
+    "PURGE",     "FLASHBACK", "COMMIT",  "ROLLBACK", "SAVEPOINT",    "LOCK",    "ANALYZE",
+    "ASSOCIATE", "EXPLAIN",   "CALL",    "AUDIT",    "DISASSOCIATE", "NOAUDIT", "ADMINISTER",
+    "BEGIN",     "DECLARE",   "("};
+
+// What stands between CREATE or ALTER and the kind of object.
+std::set<std::string> const kAdjectives = {
+    "OR",      "REPLACE", "GLOBAL",      "PRIVATE",    "LOCAL",          "PUBLIC",  "TEMPORARY",
+    "UNIQUE",  "BITMAP",  "FORCE",       "NO",         "NOFORCE",        "BIGFILE", "SMALLFILE",
+    "UNDO",    "SHARED",  "EDITIONABLE", "EDITIONING", "NONEDITIONABLE", "AND",     "COMPILE",
+    "RESOLVE", "SHARDED", "DUPLICATED",  "IMMUTABLE",  "BLOCKCHAIN",     "JSON",    "RELATIONAL",
+    "DUALITY", "HYBRID",  "VECTOR",      "COLLECTION", "MULTIVALUE"};
+
+struct Spelling {
+  std::string_view shortest;
+  std::string_view rest;
+};
+
+constexpr Spelling kCommands[] = {
+    {"REM", "ARK"},   {"PRO", "MPT"},   {"SET", ""},       {"DEF", "INE"},     {"UNDEF", "INE"},
+    {"STA", "RT"},    {"SPO", "OL"},    {"CONN", "ECT"},   {"DISC", "ONNECT"}, {"EXIT", ""},
+    {"QUIT", ""},     {"WHENEVER", ""}, {"EXEC", "UTE"},   {"SHO", "W"},       {"COL", "UMN"},
+    {"ACC", "EPT"},   {"PAU", "SE"},    {"HO", "ST"},      {"VAR", "IABLE"},   {"PRI", "NT"},
+    {"TTI", "TLE"},   {"BTI", "TLE"},   {"REPH", "EADER"}, {"REPF", "OOTER"},  {"BRE", "AK"},
+    {"COMP", "UTE"},  {"CL", "EAR"},    {"TIMI", "NG"},    {"DESC", "RIBE"},   {"STORE", ""},
+    {"PASSW", "ORD"}, {"ARCHIVE", ""},  {"STARTUP", ""},   {"SHUTDOWN", ""},   {"RECOVER", ""},
+    {"COPY", ""},     {"ED", "IT"},     {"GET", ""},       {"HELP", ""},       {"LIST", ""},
+    {"RUN", ""},      {"SAV", "E"}};
+
+bool IsCommandWord(std::string const& word) {
+  return std::any_of(std::begin(kCommands), std::end(kCommands), [&](Spelling const& one) {
+    return word.starts_with(one.shortest) &&
+           one.rest.starts_with(std::string_view(word).substr(one.shortest.size()));
+  });
+}
+
+bool IsCommand(std::vector<std::string> const& words) {
+  if (words.empty()) return false;
+  if (words[0] == "@" || words[0] == "!" || words[0] == "$") return true;
+  if (words[0] == "SET" && words.size() > 1)
+    return words[1] != "ROLE" && words[1] != "TRANSACTION" && !words[1].starts_with("CONSTRAINT");
+  return IsCommandWord(words[0]);
+}
+
+bool IsVerb(std::vector<std::string> const& words) {
+  if (words.empty()) return false;
+  if (words[0] == "<") return words.size() > 1 && words[1] == "<";
+  if (words[0] == "SET") return !IsCommand(words);
+  return kVerbs.count(words[0]) != 0;
+}
+
+// Whether words at the start of a line open a statement wherever they stand.
+bool OpensForSure(std::vector<std::string> const& words) {
+  if (words.size() < 2) return false;
+  if (words[0] == "CREATE") return true;
+  if (words[0] == "ALTER" || words[0] == "DROP") return words[1] == "TABLE";
+  return (words[0] == "COMMENT" && words[1] == "ON") ||
+         (words[0] == "INSERT" && words[1] == "INTO");
+}
+
+class PlainSplitter {
+ public:
+  void TakeLine(std::string const& line);
+  std::vector<PlainStatement> Result() {
+    Close();
+    return std::move(found_);
+  }
+
+ private:
+  enum class Inside { Code, String, DelimitedString, Name, Comment };
+  enum class Mode { Between, Sql, Unit, Source, Junk };
+
+  std::string Masked(std::string const& line);
+  bool EndsBefore(std::vector<std::string> const& words) const;
+  void TakeStatements(std::string const& line, std::string const& code);
+  bool Start(std::string const& line, std::vector<std::string> const& words);
+  void TakeUnit(std::string const& code);
+  void Settle();
+  bool IsOf(std::string const& word) const {
+    return std::find(first_.begin(), first_.end(), word) != first_.end();
+  }
+  void Close();
+
+  std::vector<PlainStatement> found_;
+  std::size_t line_ = 0;
+  Mode mode_ = Mode::Between;
+  Inside inside_ = Inside::Code;
+  char delimiter_ = 0;
+  bool continued_ = false;          // a command goes on in this line
+  std::vector<std::string> first_;  // the first words of the open statement
+  // Of a unit of code:
+  int open_ = 0;                     // what waits for its END
+  int subprograms_ = 0;              // in it
+  bool may_have_ended_ = false;      // behind an END with nothing open
+  std::string previous_;             // the word before
+  std::vector<std::string> phrase_;  // the first words since the last ";"
+};
+
+// The line with comments, strings and quoted names blanked but for their first quote.
+std::string PlainSplitter::Masked(std::string const& line) {
+  std::string code;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    char const c = line[i];
+    char const next = i + 1 < line.size() ? line[i + 1] : '\0';
+    char shown = ' ';
+    bool two = false;
+    switch (inside_) {
+      case Inside::Code:
+        if (c == '-' && next == '-') return code;
+        two = c == '/' && next == '*';
+        if (two) {
+          inside_ = Inside::Comment;
+          break;
+        }
+        shown = c;
+        if (c == '"') inside_ = Inside::Name;
+        if (c != '\'') break;
+        inside_ = Inside::String;
+        if (i > 0 && (line[i - 1] == 'q' || line[i - 1] == 'Q') && next != '\0') {
+          auto const start = i > 1 && (line[i - 2] == 'n' || line[i - 2] == 'N') ? i - 2 : i - 1;
+          if (start > 0 && IsWordPart(line[start - 1])) break;
+          inside_ = Inside::DelimitedString;
+          auto const pair = std::string_view("([{<").find(next);
+          delimiter_ = pair == std::string_view::npos ? next : ")]}>"[pair];
+          two = true;
+        }
+        break;
+      case Inside::String:
+        two = c == '\'' && next == '\'';
+        if (c == '\'' && !two) inside_ = Inside::Code;
+        break;
+      case Inside::DelimitedString:
+        two = c == delimiter_ && next == '\'';
+        if (two) inside_ = Inside::Code;
+        break;
+      case Inside::Name:
+        if (c == '"') inside_ = Inside::Code;
+        break;
+      case Inside::Comment:
+        two = c == '*' && next == '/';
+        if (two) inside_ = Inside::Code;
+        break;
+    }
+    code += shown;
+    if (!two) continue;
+    code += ' ';
+    ++i;
+  }
+  if (inside_ == Inside::Name) inside_ = Inside::Code;  // no name goes over the end of a line
+  return code;
+}
+
+void PlainSplitter::TakeLine(std::string const& line) {
+  ++line_;
+  auto const trimmed = Trimmed(line);
+  if (continued_) {
+    continued_ = trimmed.ends_with('-') && !trimmed.ends_with("--");
+    return;
+  }
+  if (mode_ == Mode::Source) {
+    if (trimmed == "/") Close();
+    return;
+  }
+  bool const in_code = inside_ == Inside::Code;
+  auto const code = Masked(line);
+  if (in_code) {
+    if (trimmed == "/" || (trimmed == "." && mode_ != Mode::Sql)) return Close();
+    if (EndsBefore(WordsOf(code))) {
+      auto const inside = inside_;
+      Close();
+      inside_ = inside;
+    }
+  }
+  if (mode_ == Mode::Unit)
+    TakeUnit(code);
+  else if (mode_ != Mode::Junk)
+    TakeStatements(line, code);
+  if (mode_ == Mode::Junk) {
+    inside_ = Inside::Code;  // an apostrophe of plain text is none of SQL
+    if (trimmed.ends_with(';')) Close();
+  }
+}
+
+// Whether the open statement has ended before a line with these words, though nothing said so.
+bool PlainSplitter::EndsBefore(std::vector<std::string> const& words) const {
+  if (words.empty()) return false;
+  switch (mode_) {
+    case Mode::Junk: return IsCommand(words) || IsVerb(words);
+    case Mode::Sql:
+      for (auto const* const lists : {"GRANT", "REVOKE", "AUDIT", "NOAUDIT", "EXPLAIN", "SCHEMA"})
+        if (IsOf(lists)) return false;
+      return OpensForSure(words);
+    case Mode::Unit:
+      if (previous_ == ";" && words[0] == "CREATE") return true;
+      if (!may_have_ended_) return false;
+      if (words[0] == "BEGIN") return subprograms_ == 0;
+      return IsCommand(words) || IsVerb(words);
+    default: return false;
+  }
+}
+
+// Takes a line that goes on with a statement of SQL or stands between two.
+void PlainSplitter::TakeStatements(std::string const& line, std::string const& code) {
+  for (std::size_t at = 0; at < code.size();) {
+    auto const rest = code.substr(at);
+    if (mode_ == Mode::Between) {
+      if (IsSpace(code[at]) || code[at] == ';') {
+        ++at;
+        continue;
+      }
+      if (!Start(line, WordsOf(rest))) return;
+    }
+    auto const end = rest.find(';');
+    for (auto const& word : WordsOf(rest.substr(0, end)))
+      if (first_.size() < 20) first_.push_back(word);
+    Settle();
+    if (mode_ == Mode::Unit) return TakeUnit(rest);
+    if (mode_ == Mode::Source || end == std::string::npos) return;
+    auto const inside = inside_;
+    Close();
+    inside_ = inside;
+    at += end + 1;
+  }
+}
+
+// What starts with these words: false when it is no statement.
+bool PlainSplitter::Start(std::string const& line, std::vector<std::string> const& words) {
+  if (IsCommand(words)) {
+    auto const trimmed = Trimmed(line);
+    inside_ = Inside::Code;
+    continued_ = !words[0].starts_with("REM") && trimmed.ends_with('-') && !trimmed.ends_with("--");
+    return false;
+  }
+  found_.push_back({line_, "?"});
+  mode_ = IsVerb(words) ? Mode::Sql : Mode::Junk;
+  return mode_ == Mode::Sql;
+}
+
+// Tells from the first words what the statement is and how it ends.
+void PlainSplitter::Settle() {
+  auto kind = first_[0];
+  std::string object;
+  std::size_t at = 1;
+  if (kind == "CREATE" || kind == "ALTER") {
+    while (at < first_.size() && kAdjectives.count(first_[at]) != 0) ++at;
+    if (at < first_.size()) kind += " " + (object = first_[at]);
+  }
+  found_.back().kind = kind;
+  auto const next = at + 1 < first_.size() ? first_[at + 1] : std::string();
+  bool const unit = object == "PROCEDURE" || object == "FUNCTION" || object == "PACKAGE" ||
+                    object == "TRIGGER" || (object == "TYPE" && next == "BODY");
+  if (kind == "BEGIN" || kind == "DECLARE" || kind == "<" || (first_[0] == "CREATE" && unit) ||
+      (kind == "WITH" && first_.size() > 1 &&
+       (first_[1] == "FUNCTION" || first_[1] == "PROCEDURE")))
+    mode_ = Mode::Unit;
+  if (first_[0] == "CREATE" &&
+      (object == "JAVA" || object == "MLE" || ((unit || object == "TYPE") && IsOf("WRAPPED"))))
+    mode_ = Mode::Source;
+  if (kind == "<") found_.back().kind = "BEGIN";
+}
+
+// Follows BEGIN and END to know where a unit may end of itself.
+void PlainSplitter::TakeUnit(std::string const& code) {
+  for (auto const& word : WordsOf(code)) {
+    if (word == ";") {
+      auto const behind_end = phrase_.size() > 1 ? phrase_[1] : std::string();
+      bool const ends = !phrase_.empty() && phrase_[0] == "END" && behind_end != "IF" &&
+                        behind_end != "LOOP" && behind_end != "CASE";
+      bool const foreign = std::find(phrase_.begin(), phrase_.end(), "LANGUAGE") != phrase_.end();
+      may_have_ended_ = (ends || foreign) && open_ <= 0;
+      phrase_.clear();
+    } else {
+      may_have_ended_ = false;
+      if (phrase_.empty() && (word == "PROCEDURE" || word == "FUNCTION")) ++subprograms_;
+      if (phrase_.size() < 12) phrase_.push_back(word);
+      bool const name = previous_ == ".";
+      if (word == "BEGIN" && !name) {
+        ++open_;
+        phrase_.clear();
+      }
+      if ((word == "IF" || word == "LOOP" || word == "CASE") && previous_ != "END" && !name)
+        ++open_;
+      if (word == "END" && !name) --open_;
+    }
+    previous_ = word;
+  }
+}
+
+void PlainSplitter::Close() {
+  mode_ = Mode::Between;
+  inside_ = Inside::Code;
+  first_.clear();
+  open_ = subprograms_ = 0;
+  may_have_ended_ = false;
+  previous_.clear();
+  phrase_.clear();
+}
+
+}  // namespace
+
+std::vector<PlainStatement> SplitPlainly(std::string const& script) {
+  PlainSplitter splitter;
+  std::string line;
+  std::string_view const mark = "\xEF\xBB\xBF";
+  for (std::size_t i = script.starts_with(mark) ? mark.size() : 0; i < script.size(); ++i) {
+    bool const ends = script[i] == '\n' || script[i] == '\r';
+    if (!ends) line += script[i];
+    if (script[i] == '\r' && i + 1 < script.size() && script[i + 1] == '\n') ++i;
+    if (!ends && i + 1 < script.size()) continue;
+    splitter.TakeLine(line);
+    line.clear();
+  }
+  return splitter.Result();
+}
+
+}  // namespace repora::test
