@@ -240,7 +240,8 @@ Token Lexer::ReadQuotedName() {
 Token Lexer::ReadPunctuation() {
   auto const first = static_cast<unsigned char>(text_[offset_]);
   bool const pair = IsPair(first, At(offset_ + 1));
-  bool const label = pair && first == '<' && At(offset_ + 1) == '<';
+  // More than two are the mark of a merge.
+  bool const label = pair && first == '<' && At(offset_ + 1) == '<' && At(offset_ + 2) != '<';
   auto token = Make(TokenKind::Punctuation, offset_, offset_ + (pair ? 2U : 1U));
   if (!pair) token.punctuation = static_cast<char>(first);
   if (label) token.punctuation = kLabelStart;

@@ -84,6 +84,7 @@ class ScriptReader {
                     StatementTrace& trace);
   void FailUnknown(Section const& section, std::vector<Token> const& tokens, std::string_view text);
   void NoteOutside(Place const& place, Section const& section);
+  void NoteUnterminated(Place const& place, Section const& section);
   void RunCommand(Place const& place, Section const& section);
   void Include(Place const& place, Section const& section);
   void NoteVariables(Place const& place, Section const& section);
@@ -159,7 +160,8 @@ void ScriptReader::ReadSections(Place const& place) {
     if (section.kind == Section::Kind::Command) {
       RunCommand(place, section);
     } else {
-      if (may_hold_variables) NoteVariables(place, section);
+      if (may_hold_variables && (section.statement || section.tokens_of_kind > 0))
+        NoteVariables(place, section);
       if (may_hold_variables && sqlplus_.Expand(text, section.start, expanded))
         ReadSections({expanded.Text(), place.source, &expanded});
       else
@@ -223,6 +225,7 @@ bool ScriptReader::ReadModelStatement(Place const& place, Section const& section
            note.count == 1 ? note.text : note.text + " (" + std::to_string(note.count) + ")");
   if (section.unclosed)
     Report(DiagnosticKind::Note, place, section.start, "the end of the unit is missing");
+  NoteUnterminated(place, section);
   if (!object) return false;
   result_.statements.push_back({std::move(object), place.source, place.OriginOf(section.start)});
   ++result_.read;
@@ -253,11 +256,17 @@ void ScriptReader::FailUnknown(Section const& section, std::vector<Token> const&
 }
 
 void ScriptReader::NoteOutside(Place const& place, Section const& section) {
+  NoteUnterminated(place, section);
   if (!outside_.insert(section.statement).second) return;
   auto name = section.statement->Name();
   if (!outside_names_.insert(name).second) return;
   Report(DiagnosticKind::Note, place, section.start,
          std::move(name) + " is outside the data model; such statements are left out");
+}
+
+void ScriptReader::NoteUnterminated(Place const& place, Section const& section) {
+  if (section.unterminated)
+    Report(DiagnosticKind::Note, place, section.end, "';' is missing at the end of the statement");
 }
 
 void ScriptReader::RunCommand(Place const& place, Section const& section) {

@@ -1,5 +1,7 @@
 #include "reader/splitter.h"
 
+#include <algorithm>
+
 #include "reader/characters.h"
 
 namespace repora::reader {
@@ -10,6 +12,15 @@ constexpr std::size_t kTokensOfName = 24;
 
 // More than the words that tell the kind of a statement take.
 constexpr std::size_t kBytesOfKind = 1000;
+
+// Of two tokens the string that is touched by a name, which hardly anybody writes but who forgets a
+// quote or to double it.
+Token const* FindMisquoted(Token const& before, Token const& token) {
+  if (before.end() != token.offset) return nullptr;
+  if (before.kind == TokenKind::String && token.kind == TokenKind::Word) return &before;
+  bool const behind_name = before.kind == TokenKind::Word && before.word == K_NONE;
+  return behind_name && token.kind == TokenKind::String ? &token : nullptr;
+}
 
 }  // namespace
 
@@ -65,7 +76,10 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
   auto extent = Extent::Sql;
   bool finding = true;
   bool keep_all = false;
+  Token amiss;           // a string that a name touches
+  std::size_t open = 0;  // parentheses
   auto last_end = first.offset;
+  auto previous = Token();
   for (auto token = first;; token = lexer_.Next()) {
     CutTerminator(token);
     if (token.offset != first.offset && StartsLogin(token)) {
@@ -81,21 +95,48 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
       // The words that told the kind open what a PL/SQL unit closes.
       if (extent == Extent::Plsql)
         for (auto const& taken : tokens_) blocks_.Take(taken);
+      if (!finder_.Kind() && finder_.TokensOfKind() == 0 &&
+          first.fault() != LexicalFault::OpenComment) {
+        if (first.kind == TokenKind::Fault) section.fault = first;
+        tokens_.assign(1, first);
+        last_end = static_cast<std::uint32_t>(SkipForeignLines(first.offset));
+        break;
+      }
     }
     if (token.kind == TokenKind::End) {
       section.unclosed = keep_all && extent == Extent::Plsql && !blocks_.IsClosed();
       break;
     }
+    if (auto const* const misquoted = FindMisquoted(previous, token)) {
+      if (amiss.kind == TokenKind::End) amiss = *misquoted;
+    }
+    if (amiss.kind != TokenKind::End && token.kind == TokenKind::String &&
+        HidesStatement(token, extent)) {
+      section.fault = amiss;
+      section.fault.kind = TokenKind::Fault;
+      section.fault.punctuation = static_cast<char>(LexicalFault::OpenString);
+      lexer_.MoveTo(FindRestart(token.offset, text_.size(), extent));
+      last_end = static_cast<std::uint32_t>(lexer_.Offset());
+      break;
+    }
+    previous = token;
     if (token.kind == TokenKind::Fault) {
       bool const stray = token.fault() == LexicalFault::StrayByte;
       bool const matters = !finder_.Kind() || (keep_all && extent != Extent::Plsql);
       if (section.fault.kind == TokenKind::End && (!stray || matters)) section.fault = token;
       if (token.fault() == LexicalFault::OpenString) {
-        lexer_.MoveTo(FindRestart(token.offset));
+        lexer_.MoveTo(FindRestart(token.offset, text_.size(), extent));
         last_end = static_cast<std::uint32_t>(lexer_.Offset());
         break;
       }
     }
+    if (!finding && extent == Extent::Sql && token.offset > first.offset && StartsInside(token)) {
+      lexer_.MoveTo(token.offset);
+      section.unterminated = true;
+      break;
+    }
+    if (token.punctuation == '(') ++open;
+    if (token.punctuation == ')' && open > 0) --open;
     if (EndsStatement(token, extent)) {
       // The ";" behind an END belongs to the unit.
       if (extent == Extent::Plsql && token.punctuation == ';') {
@@ -121,6 +162,10 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
       break;
     }
   }
+  // What follows a statement that was cut short by a ";" is its rest if it starts as nothing does.
+  bool const misspelt = !finder_.Kind() && finder_.TokensOfKind() > 0;
+  bool const cut_short = extent == Extent::Sql && (open > 0 || misspelt);
+  if (cut_short && !StartsSection(lexer_.Offset())) SkipForeignLines(lexer_.Offset());
   if (keep_all && section.fault.kind == TokenKind::End) section.fault = FindNul(first, last_end);
   section.statement = finder_.Kind();
   section.tokens_of_kind = finder_.TokensOfKind();
@@ -175,6 +220,41 @@ bool Splitter::StartsSection(std::size_t offset) const {
     }
     if (!finder.Take(token)) return finder.Kind() != nullptr;
   }
+}
+
+// Whether a token within a statement of SQL starts the next one, and the ";" between them is
+// missing: words that are no part of another statement where they start a line.
+bool Splitter::StartsInside(Token const& token) const {
+  auto const word = token.word;
+  if (word != K_CREATE && word != K_ALTER && word != K_DROP && word != K_COMMENT &&
+      word != K_INSERT)
+    return false;
+  if (!StartsLine(token)) return false;
+  if (auto const* const kind = finder_.Kind()) {
+    switch (kind->words[0]) {
+      case K_GRANT:
+      case K_REVOKE:
+      case K_AUDIT:
+      case K_NOAUDIT:
+      case K_EXPLAIN: return false;  // these name statements
+      default: break;
+    }
+    auto const object = kind->words[1];
+    if (object == K_SCHEMA || object == K_AUDIT || object == K_OUTLINE) return false;
+  }
+  if (word == K_CREATE) return StartsSection(token.offset);
+  Lexer lexer(text_.substr(0, token.end() + kBytesOfKind));
+  lexer.MoveTo(token.end());
+  auto const next = lexer.Next().word;
+  if (word == K_COMMENT) return next == K_ON;
+  return next == (word == K_INSERT ? K_INTO : K_TABLE);
+}
+
+// Whether a string that holds whole statements is none: a quote is missing or one too many, and
+// what was to stand between two strings seems to stand in one.
+bool Splitter::HidesStatement(Token const& token, Extent extent) const {
+  return TextAt(token).find_first_of("\r\n") != std::string_view::npos &&
+         FindRestart(token.offset, token.end(), extent) < token.end();
 }
 
 bool Splitter::StartsLine(Token const& token) const {
@@ -246,6 +326,36 @@ void Splitter::SkipSource() {
   lexer_.MoveTo(offset == std::string_view::npos ? text_.size() : offset);
 }
 
+// Moves behind lines that are part of no statement, such as the output of a program, to the next
+// line that starts one. What starts a line within a parenthesis may be the name of a column as
+// well. Returns the end of the last line that is not empty.
+std::size_t Splitter::SkipForeignLines(std::size_t offset) {
+  auto last = offset;
+  std::size_t open = 0;
+  for (bool first = true; offset < text_.size(); first = false) {
+    auto const end = LineEnd(text_, offset);
+    auto const line = text_.substr(offset, end - offset);
+    auto const start = std::find_if_not(line.begin(), line.end(), IsBlank) - line.begin();
+    bool const is_empty = static_cast<std::size_t>(start) == line.size();
+    if (is_empty) open = 0;
+    if (!first && !is_empty) {
+      Lexer lexer(text_.substr(0, end));
+      lexer.MoveTo(offset);
+      auto const token = lexer.Next();
+      if (open > 0 ? StartsInside(token) : token.word == K_CREATE || StartsSection(offset)) break;
+    }
+    if (!is_empty) last = end;
+    for (char const c : line) {
+      if (c == '(') ++open;
+      if (c == ')' && open > 0) --open;
+    }
+    offset = AfterLineEnd(text_, end);
+  }
+  while (last > 0 && IsBlank(text_[last - 1])) --last;
+  lexer_.MoveTo(std::min(offset, text_.size()));
+  return last;
+}
+
 // Whether the word taken last is the WRAPPED behind the name of a unit, whose code is no text.
 bool Splitter::IsWrapped(Extent extent) const {
   auto const* const kind = finder_.Kind();
@@ -276,20 +386,28 @@ void Splitter::SkipWrapped() {
 }
 
 // Where to go on behind a string that is never closed: at the first line that starts a statement
-// behind one that ends with ";" or is a "/". The end of the text when there is none.
-std::size_t Splitter::FindRestart(std::size_t offset) const {
+// behind one that ends with ";" or is a "/", of which only the latter ends a unit of code, unless
+// CREATE follows. The stop when there is none before it.
+std::size_t Splitter::FindRestart(std::size_t offset, std::size_t stop, Extent extent) const {
   bool ended = false;
-  while (offset < text_.size()) {
+  bool slash = false;
+  while (offset < stop) {
     auto const end = LineEnd(text_, offset);
     auto line = text_.substr(offset, end - offset);
     while (!line.empty() && IsBlank(line.back())) line.remove_suffix(1);
     if (!line.empty()) {
-      if (ended && StartsSection(offset)) return offset;
-      ended = line.ends_with(';') || line == "/";
+      if (ended && StartsSection(offset)) {
+        if (slash || extent == Extent::Sql) return offset;
+        Lexer lexer(text_.substr(0, end));
+        lexer.MoveTo(offset);
+        if (lexer.Next().word == K_CREATE) return offset;
+      }
+      slash = line == "/";
+      ended = slash || line.ends_with(';');
     }
-    offset = end + 1;
+    offset = AfterLineEnd(text_, end);
   }
-  return text_.size();
+  return stop;
 }
 
 }  // namespace repora::reader

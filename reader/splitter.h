@@ -22,8 +22,9 @@ struct Section {
   std::size_t words = 0;                     // tokens of the statement
   std::size_t tokens_of_kind = 0;            // see KindFinder::TokensOfKind
   bool has_password = false;                 // it holds the word IDENTIFIED
-  bool unclosed = false;  // a unit of code that is kept, but whose end was not found
-  Token fault;            // the first thing that is no token, where that matters; else an End
+  bool unclosed = false;      // a unit of code that is kept, but whose end was not found
+  bool unterminated = false;  // neither ";" nor "/" stands before the next statement
+  Token fault;                // the first thing that is no token, where that matters; else an End
 };
 
 // Cuts a script into statements and commands as SQL*Plus does. It looks at the first words of a
@@ -60,9 +61,12 @@ class Splitter {
   bool IsTerminator(Token const& token) const;
   void CutTerminator(Token& token);
   bool StartsLogin(Token const& token) const;
+  bool StartsInside(Token const& token) const;
+  bool HidesStatement(Token const& token, Extent extent) const;
   void SkipSource();
+  std::size_t SkipForeignLines(std::size_t offset);
   void SkipWrapped();
-  std::size_t FindRestart(std::size_t offset) const;
+  std::size_t FindRestart(std::size_t offset, std::size_t stop, Extent extent) const;
   std::string_view TextAt(Token const& token) const {
     return text_.substr(token.offset, token.length);
   }

@@ -62,6 +62,15 @@ std::set<std::string> const kAdjectives = {
     "RESOLVE", "SHARDED", "DUPLICATED",  "IMMUTABLE",  "BLOCKCHAIN",     "JSON",    "RELATIONAL",
     "DUALITY", "HYBRID",  "VECTOR",      "COLLECTION", "MULTIVALUE"};
 
+std::set<std::string> const kObjects = {
+    "TABLE",       "TABLESPACE", "INDEX",   "INDEXTYPE", "VIEW",      "MATERIALIZED", "SNAPSHOT",
+    "SEQUENCE",    "SYNONYM",    "TRIGGER", "PROCEDURE", "FUNCTION",  "PACKAGE",      "TYPE",
+    "LIBRARY",     "JAVA",       "MLE",     "OPERATOR",  "OUTLINE",   "SCHEMA",       "DIMENSION",
+    "USER",        "ROLE",       "PROFILE", "CONTEXT",   "DIRECTORY", "DATABASE",     "CLUSTER",
+    "CONTROLFILE", "PFILE",      "SPFILE",  "ROLLBACK",  "DISKGROUP", "PLUGGABLE",    "AUDIT",
+    "EDITION",     "FLASHBACK",  "RESTORE", "ANALYTIC",  "ATTRIBUTE", "HIERARCHY",    "INMEMORY",
+    "LOCKDOWN",    "PROPERTY",   "DOMAIN",  "SESSION",   "SYSTEM",    "RESOURCE"};
+
 struct Spelling {
   std::string_view shortest;
   std::string_view rest;
@@ -103,7 +112,7 @@ bool IsVerb(std::vector<std::string> const& words) {
 // Whether words at the start of a line open a statement wherever they stand.
 bool OpensForSure(std::vector<std::string> const& words) {
   if (words.size() < 2) return false;
-  if (words[0] == "CREATE") return true;
+  if (words[0] == "CREATE") return words[1] != "DATAFILE" && words[1] != "STANDBY";
   if (words[0] == "ALTER" || words[0] == "DROP") return words[1] == "TABLE";
   return (words[0] == "COMMENT" && words[1] == "ON") ||
          (words[0] == "INSERT" && words[1] == "INTO");
@@ -124,6 +133,7 @@ class PlainSplitter {
   std::string Masked(std::string const& line);
   bool EndsBefore(std::vector<std::string> const& words) const;
   void TakeStatements(std::string const& line, std::string const& code);
+  void CountParentheses(std::string const& text);
   bool Start(std::string const& line, std::vector<std::string> const& words);
   void TakeUnit(std::string const& code);
   void Settle();
@@ -137,7 +147,10 @@ class PlainSplitter {
   Mode mode_ = Mode::Between;
   Inside inside_ = Inside::Code;
   char delimiter_ = 0;
+  bool is_misspelt_ = false;        // it creates nothing that is known
+  bool cut_short_ = false;          // the statement before has not ended where it should
   bool continued_ = false;          // a command goes on in this line
+  int parentheses_ = 0;             // that are open
   std::vector<std::string> first_;  // the first words of the open statement
   // Of a unit of code:
   int open_ = 0;                     // what waits for its END
@@ -215,7 +228,10 @@ void PlainSplitter::TakeLine(std::string const& line) {
   bool const in_code = inside_ == Inside::Code;
   auto const code = Masked(line);
   if (in_code) {
-    if (trimmed == "/" || (trimmed == "." && mode_ != Mode::Sql)) return Close();
+    if (trimmed == "/" || (trimmed == "." && mode_ != Mode::Sql)) {
+      cut_short_ = false;
+      return Close();
+    }
     if (EndsBefore(WordsOf(code))) {
       auto const inside = inside_;
       Close();
@@ -226,9 +242,16 @@ void PlainSplitter::TakeLine(std::string const& line) {
     TakeUnit(code);
   else if (mode_ != Mode::Junk)
     TakeStatements(line, code);
-  if (mode_ == Mode::Junk) {
-    inside_ = Inside::Code;  // an apostrophe of plain text is none of SQL
-    if (trimmed.ends_with(';')) Close();
+  if (mode_ != Mode::Junk) return;
+  inside_ = Inside::Code;  // an apostrophe of plain text is none of SQL
+  CountParentheses(line);
+}
+
+void PlainSplitter::CountParentheses(std::string const& text) {
+  if (Trimmed(text).empty() && mode_ == Mode::Junk) parentheses_ = 0;
+  for (char const c : text) {
+    if (c == '(') ++parentheses_;
+    if (c == ')' && parentheses_ > 0) --parentheses_;
   }
 }
 
@@ -236,9 +259,11 @@ void PlainSplitter::TakeLine(std::string const& line) {
 bool PlainSplitter::EndsBefore(std::vector<std::string> const& words) const {
   if (words.empty()) return false;
   switch (mode_) {
-    case Mode::Junk: return IsCommand(words) || IsVerb(words);
+    case Mode::Junk:
+      return parentheses_ > 0 ? OpensForSure(words) : IsCommand(words) || IsVerb(words);
     case Mode::Sql:
-      for (auto const* const lists : {"GRANT", "REVOKE", "AUDIT", "NOAUDIT", "EXPLAIN", "SCHEMA"})
+      for (auto const* const lists :
+           {"GRANT", "REVOKE", "AUDIT", "NOAUDIT", "EXPLAIN", "SCHEMA", "OUTLINE"})
         if (IsOf(lists)) return false;
       return OpensForSure(words);
     case Mode::Unit:
@@ -266,7 +291,11 @@ void PlainSplitter::TakeStatements(std::string const& line, std::string const& c
       if (first_.size() < 20) first_.push_back(word);
     Settle();
     if (mode_ == Mode::Unit) return TakeUnit(rest);
-    if (mode_ == Mode::Source || end == std::string::npos) return;
+    if (mode_ == Mode::Source) return;
+    if (end == std::string::npos) return CountParentheses(rest);
+    CountParentheses(rest.substr(0, end));
+    // What follows a ";" within a parenthesis is the rest of the statement.
+    cut_short_ = parentheses_ > 0 || is_misspelt_;
     auto const inside = inside_;
     Close();
     inside_ = inside;
@@ -277,13 +306,17 @@ void PlainSplitter::TakeStatements(std::string const& line, std::string const& c
 // What starts with these words: false when it is no statement.
 bool PlainSplitter::Start(std::string const& line, std::vector<std::string> const& words) {
   if (IsCommand(words)) {
+    cut_short_ = false;
+    // EXECUTE is short for a block that holds its line.
+    if (words[0].starts_with("EXEC")) found_.push_back({line_, "BEGIN"});
     auto const trimmed = Trimmed(line);
     inside_ = Inside::Code;
     continued_ = !words[0].starts_with("REM") && trimmed.ends_with('-') && !trimmed.ends_with("--");
     return false;
   }
-  found_.push_back({line_, "?"});
   mode_ = IsVerb(words) ? Mode::Sql : Mode::Junk;
+  if (mode_ == Mode::Sql || !cut_short_) found_.push_back({line_, "?"});
+  cut_short_ = false;
   return mode_ == Mode::Sql;
 }
 
@@ -296,6 +329,7 @@ void PlainSplitter::Settle() {
     while (at < first_.size() && kAdjectives.count(first_[at]) != 0) ++at;
     if (at < first_.size()) kind += " " + (object = first_[at]);
   }
+  is_misspelt_ = kind != first_[0] && kObjects.count(object) == 0;
   found_.back().kind = kind;
   auto const next = at + 1 < first_.size() ? first_[at + 1] : std::string();
   bool const unit = object == "PROCEDURE" || object == "FUNCTION" || object == "PACKAGE" ||
@@ -341,6 +375,7 @@ void PlainSplitter::Close() {
   mode_ = Mode::Between;
   inside_ = Inside::Code;
   first_.clear();
+  parentheses_ = 0;
   open_ = subprograms_ = 0;
   may_have_ended_ = false;
   previous_.clear();
