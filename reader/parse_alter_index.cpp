@@ -232,7 +232,7 @@ void ParseRename(TokenStream& in, REPAlterIndexPartition& partition) {
     partition.SetAlterIndex(REPAlterIndex_e::RenamePartition);
     partition.SetPartition(ParseSimpleName(in).release());
   } else {
-    in.Expect(K_SUBPARTITION);
+    if (!in.Accept(K_SUBPARTITION)) in.Fail("TO, PARTITION or SUBPARTITION");
     partition.SetAlterIndex(REPAlterIndex_e::RenameSubpartition);
     partition.SetSubpartition(ParseSimpleName(in).release());
   }

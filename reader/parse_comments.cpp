@@ -15,6 +15,11 @@ REPComment_e ParseTarget(TokenStream& in) {
   return REPComment_e::None;
 }
 
+// Whether the words of another kind of object come and its name.
+bool IsForeignTarget(TokenStream const& in) {
+  return IsName(in.Peek()) && IsName(in.Peek(1)) && in.Peek(1).word != K_IS;
+}
+
 }  // namespace
 
 // COMMENT ON {TABLE | COLUMN | OPERATOR | INDEXTYPE | MATERIALIZED VIEW} name IS 'text'
@@ -24,6 +29,7 @@ std::unique_ptr<REPStatement> ParseComment(TokenStream& in) {
   in.Expect(K_COMMENT, K_ON);
   auto const target = ParseTarget(in);
   if (target == REPComment_e::None) {
+    if (!IsForeignTarget(in)) in.Fail("TABLE or COLUMN");
     // Editions, mining models, policies and what else newer releases give comments to.
     do ParseName(in);
     while (!in.Is(K_IS));

@@ -229,7 +229,7 @@ void ParseOutOfLineKind(TokenStream& in, REPOutOfLineConstraint& constraint) {
     in.Expect(K_KEY);
     constraint.SetConstraint(REPOutOfLineConstr_e::ForeignKey);
   } else {
-    in.Fail("UNIQUE, PRIMARY KEY, FOREIGN KEY or CHECK");
+    in.Fail("CHECK, FOREIGN KEY, PRIMARY KEY or UNIQUE");
   }
   constraint.SetColumns(ParseNameList(in).release());
   if (constraint.GetConstraint() == REPOutOfLineConstr_e::ForeignKey)
@@ -278,6 +278,13 @@ bool ParseEnableDisableOption(TokenStream& in, REPEnableDisableClause& clause) {
 void AcceptSeparator(TokenStream& in) {
   auto const next = in.Peek(1).word;
   if (in.Is(',') && (next == K_ENABLE || next == K_DISABLE)) in.Next();
+}
+
+// Whether what stands behind CONSTRAINT and a name shows a constraint whose kind is missing or
+// misspelt, and not a column that is called CONSTRAINT, whose datatype the name is.
+bool LacksKind(Token const& name, Token const& next) {
+  return next.kind == TokenKind::End || next.word == K_KEY ||
+         (name.word == K_NONE && next.kind == TokenKind::Word && next.word == K_NONE);
 }
 
 }  // namespace
@@ -349,10 +356,10 @@ bool IsOutOfLineConstraint(TokenStream const& in) {
         case K_FOREIGN:
         case K_PRIMARY:
         case K_UNIQUE: return IsName(second);
-        default: return false;
+        default: return IsName(second) && LacksKind(second, in.Peek(2));
       }
     case K_PRIMARY:
-    case K_FOREIGN: return second.word == K_KEY;
+    case K_FOREIGN: return second.word == K_KEY || second.punctuation == '(';
     case K_UNIQUE:
     case K_CHECK: return second.punctuation == '(';
     default: return false;

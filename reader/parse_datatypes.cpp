@@ -83,10 +83,10 @@ void ParseNumber(TokenStream& in, REPDatatype& type, REPNumtype_e keyword) {
 void ParseTimestamp(TokenStream& in, REPDatatype& type) {
   type.SetDataType(REPDatatype_e::Timestamp);
   ParsePrecision(in, type);
-  if (in.Accept(K_WITH, K_LOCAL, K_TIME, K_ZONE))
-    type.SetDataType(REPDatatype_e::TimestampLocalTimeZone);
-  else if (in.Accept(K_WITH, K_TIME, K_ZONE))
-    type.SetDataType(REPDatatype_e::TimestampTimeZone);
+  if (!in.Accept(K_WITH)) return;
+  type.SetDataType(in.Accept(K_LOCAL) ? REPDatatype_e::TimestampLocalTimeZone
+                                      : REPDatatype_e::TimestampTimeZone);
+  in.Expect(K_TIME, K_ZONE);
 }
 
 // INTERVAL {YEAR [(n)] TO MONTH | DAY [(n)] TO SECOND [(n)]}

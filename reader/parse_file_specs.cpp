@@ -63,6 +63,9 @@ std::unique_ptr<REPFileSpec> ParseFileSpec(TokenStream& in) {
     for (auto name = names.rbegin(); name != names.rend(); ++name) file->SetFilename(name->c_str());
   } else if (IsFileName(in)) {
     file->SetFilename(ParseFileName(in).c_str());
+  } else if (in.Peek().kind == TokenKind::QuotedName ||
+             (in.Peek().kind == TokenKind::Word && in.Peek().word == K_NONE)) {
+    in.Fail("a file name in quotes");
   }
   for (;;) {
     if (in.Accept(K_SIZE))

@@ -72,8 +72,11 @@ std::unique_ptr<REPIndexExpr> ParseIndexExpr(TokenStream& in) {
   };
   auto const mark = in.Mark();
   if (AtListEnd(in)) in.Fail("a column or an expression");
-  do in.SkipItem();
-  while (!AtListEnd(in) && !at_sort());
+  do {
+    bool const is_name = in.Peek().word == K_NONE && IsName(in.Peek());
+    in.SkipItem();
+    if (is_name && in.Peek().word == K_NONE && IsName(in.Peek())) in.Fail("',' or ')'");
+  } while (!AtListEnd(in) && !at_sort());
   expression->SetExpression(in.Copy(in.TextSince(mark)));
   if (!AtListEnd(in)) expression->SetSort(SortOf(in.Next().word));
   return expression;

@@ -39,6 +39,13 @@ bool IsUnit(std::string_view text) {
          std::string_view("KMGT").find(UpperAscii(text[0])) != std::string_view::npos;
 }
 
+// Whether a number has no letter or one of a unit glued to it; a variable may be anything.
+bool IsSize(std::string_view text) {
+  auto const end = text.find_first_not_of("+-0123456789. \t");
+  return end == std::string_view::npos || text.find('&') != std::string_view::npos ||
+         IsUnit(text.substr(end));
+}
+
 // n | DEFAULT
 std::string_view ParseDegree(TokenStream& in) {
   auto const mark = in.Mark();
@@ -52,6 +59,10 @@ REPSizeClause ParseSize(TokenStream& in) {
   if (in.Accept(K_UNLIMITED)) return REPSizeType_e::Unlimited;
   if (in.Accept(K_NULL)) return REPSizeType_e::Null;
   std::string text(in.ExpectNumber());
+  if (!IsSize(text)) {
+    in.StepBack();
+    in.Fail("a size such as 10M");
+  }
   // The unit may stand apart from the number.
   if (in.Peek().kind == TokenKind::Word && IsUnit(in.TextOf(in.Peek())))
     text += in.TextOf(in.Next());

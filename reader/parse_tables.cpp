@@ -95,14 +95,19 @@ void AddInOrder(REPCreateTable& table, std::vector<std::unique_ptr<T>>& parts,
   for (auto part = parts.rbegin(); part != parts.rend(); ++part) (table.*add)(part->release());
 }
 
-// ( {column | constraint | SUPPLEMENTAL LOG ...} [, ...] )
-void ParseColumns(TokenStream& in, REPCreateTable& table) {
+// ( {column | constraint | SUPPLEMENTAL LOG ...} [, ...] ); returns the place behind the first
+// column that is a name alone, as only those of a table AS SELECT are, or 0.
+std::size_t ParseColumns(TokenStream& in, REPCreateTable& table) {
+  std::size_t untyped = 0;
   std::vector<std::unique_ptr<REPRelTableColumn>> columns;
   std::vector<std::unique_ptr<REPOutOfLineConstraint>> constraints;
   std::vector<std::unique_ptr<REPOutOfLineRefConstraint>> ref_constraints;
   std::vector<std::unique_ptr<REPSuppLogProps>> logging;
   in.Expect('(');
   do {
+    if (IsName(in.Peek()) && (in.Peek(1).punctuation == ',' || in.Peek(1).punctuation == ')') &&
+        untyped == 0)
+      untyped = in.Mark() + 1;
     if (IsOutOfLineConstraint(in))
       constraints.push_back(ParseOutOfLineConstraint(in));
     else if (IsOutOfLineRefConstraint(in))
@@ -117,13 +122,17 @@ void ParseColumns(TokenStream& in, REPCreateTable& table) {
   AddInOrder(table, constraints, &REPCreateTable::AddOutOfLineConstraint);
   AddInOrder(table, ref_constraints, &REPCreateTable::AddOutOfLineRefConstraint);
   AddInOrder(table, logging, &REPCreateTable::AddSuppLogProps);
+  return untyped;
 }
 
 // ON COMMIT {DELETE | PRESERVE} ROWS | ON COMMIT {DROP | PRESERVE} DEFINITION
 void ParseOnCommit(TokenStream& in, REPCreateTable& table) {
   auto const& token = in.Next();
   in.Expect(K_COMMIT);
-  auto const action = in.Next().word;
+  auto const action = in.Peek().word;
+  if (action != K_DELETE && action != K_PRESERVE && action != K_DROP)
+    in.Fail("DELETE ROWS or PRESERVE ROWS");
+  in.Next();
   if (in.Accept(K_DEFINITION)) {
     in.Note(token, "clause ON COMMIT DEFINITION is skipped");
     return;
@@ -131,10 +140,8 @@ void ParseOnCommit(TokenStream& in, REPCreateTable& table) {
   in.Expect(K_ROWS);
   if (action == K_DELETE)
     table.SetCommit(REPCommit_e::DeleteRows);
-  else if (action == K_PRESERVE)
-    table.SetCommit(REPCommit_e::PreserveRows);
   else
-    throw SyntaxError(token.offset, "expected ON COMMIT DELETE ROWS or PRESERVE ROWS");
+    table.SetCommit(REPCommit_e::PreserveRows);
 }
 
 // {ENABLE | DISABLE} {ROW MOVEMENT | constraint}
@@ -242,9 +249,13 @@ std::unique_ptr<REPStatement> ParseCreateTable(TokenStream& in) {
   }
   Clauses clauses;
   bool const has_columns = in.Is('(');
-  if (has_columns) ParseColumns(in, *table);
+  auto const untyped = has_columns ? ParseColumns(in, *table) : 0;
   while (!in.AtEnd()) ParseTableClause(in, *table, clauses);
   if (!has_columns && !table->GetSelect() && !clauses.for_exchange) in.Fail("'(' or AS");
+  if (untyped > 0 && !table->GetSelect()) {
+    in.Rewind(untyped);
+    in.Fail("a datatype");
+  }
   clauses.physical.GiveTo(*table);
   table->SetParallelClause(clauses.parallel.release());
   AddInOrder(*table, clauses.column_properties, &REPCreateTable::AddColumnProp);

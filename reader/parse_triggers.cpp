@@ -196,7 +196,7 @@ std::unique_ptr<REPStatement> ParseCreateTrigger(TokenStream& in) {
       in.Fail("the body of the trigger");
     }
   }
-  if (!timed && !in.Is(K_COMPOUND)) in.Fail("COMPOUND TRIGGER");
+  if (!timed && !in.Is(K_COMPOUND)) in.Fail("BEFORE, AFTER, INSTEAD OF or FOR");
   trigger->SetTriggerBody(TakeBody(in).c_str());
   return trigger;
 }

@@ -114,7 +114,7 @@ void SkipViewClauses(TokenStream& in) {
   while (!in.Is(K_AS) && !in.AtEnd()) {
     if (SkipClause(in, ClausePlace::View)) continue;
     auto const& token = in.Next();
-    if (token.kind != TokenKind::Word) {
+    if (token.word == K_NONE || token.word == K_SELECT || token.word == K_WITH) {
       in.StepBack();
       in.Fail("AS");
     }

@@ -37,7 +37,8 @@ struct Place {
 std::string FaultText(Token const& fault, std::string_view text) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   switch (fault.fault()) {
-    case LexicalFault::OpenString: return "string is not closed";
+    case LexicalFault::OpenString:
+      return "string is not closed; a quote within a string is written as two";
     case LexicalFault::OpenName: return "quoted name is not closed";
     case LexicalFault::OpenComment: return "comment is not closed";
     default: break;

@@ -18,8 +18,18 @@ constexpr std::size_t kBytesOfKind = 1000;
 Token const* FindMisquoted(Token const& before, Token const& token) {
   if (before.end() != token.offset) return nullptr;
   if (before.kind == TokenKind::String && token.kind == TokenKind::Word) return &before;
-  bool const behind_name = before.kind == TokenKind::Word && before.word == K_NONE;
-  return behind_name && token.kind == TokenKind::String ? &token : nullptr;
+  if (before.kind != TokenKind::Word || token.kind != TokenKind::String) return nullptr;
+  switch (before.word) {
+    case K_AS:
+    case K_DATE:
+    case K_DEFAULT:
+    case K_IMMEDIATE:
+    case K_INTERVAL:
+    case K_IS:
+    case K_LIKE:
+    case K_TIMESTAMP: return nullptr;
+    default: return &token;
+  }
 }
 
 }  // namespace
@@ -139,8 +149,8 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
     if (token.punctuation == ')' && open > 0) --open;
     if (EndsStatement(token, extent)) {
       // The ";" behind an END belongs to the unit.
-      if (extent == Extent::Plsql && token.punctuation == ';') {
-        last_end = token.end();
+      if (extent == Extent::Plsql) {
+        if (token.punctuation == ';') last_end = token.end();
         section.unclosed = keep_all && !blocks_.IsClosed();
       }
       break;
@@ -165,7 +175,7 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
   // What follows a statement that was cut short by a ";" is its rest if it starts as nothing does.
   bool const misspelt = !finder_.Kind() && finder_.TokensOfKind() > 0;
   bool const cut_short = extent == Extent::Sql && (open > 0 || misspelt);
-  if (cut_short && !StartsSection(lexer_.Offset())) SkipForeignLines(lexer_.Offset());
+  if (cut_short && !StartsStatement(lexer_.Offset())) SkipForeignLines(lexer_.Offset());
   if (keep_all && section.fault.kind == TokenKind::End) section.fault = FindNul(first, last_end);
   section.statement = finder_.Kind();
   section.tokens_of_kind = finder_.TokensOfKind();
@@ -220,6 +230,14 @@ bool Splitter::StartsSection(std::size_t offset) const {
     }
     if (!finder.Take(token)) return finder.Kind() != nullptr;
   }
+}
+
+// The same for a statement whose kind may be misspelt.
+bool Splitter::StartsStatement(std::size_t offset) const {
+  Lexer lexer(text_.substr(0, offset + kBytesOfKind));
+  lexer.MoveTo(offset);
+  auto const word = lexer.Next().word;
+  return word == K_CREATE || word == K_ALTER || StartsSection(offset);
 }
 
 // Whether a token within a statement of SQL starts the next one, and the ";" between them is
@@ -341,8 +359,7 @@ std::size_t Splitter::SkipForeignLines(std::size_t offset) {
     if (!first && !is_empty) {
       Lexer lexer(text_.substr(0, end));
       lexer.MoveTo(offset);
-      auto const token = lexer.Next();
-      if (open > 0 ? StartsInside(token) : token.word == K_CREATE || StartsSection(offset)) break;
+      if (open > 0 ? StartsInside(lexer.Next()) : StartsStatement(offset)) break;
     }
     if (!is_empty) last = end;
     for (char const c : line) {
@@ -386,8 +403,8 @@ void Splitter::SkipWrapped() {
 }
 
 // Where to go on behind a string that is never closed: at the first line that starts a statement
-// behind one that ends with ";" or is a "/", of which only the latter ends a unit of code, unless
-// CREATE follows. The stop when there is none before it.
+// behind one that ends with ";" or is a "/", or that can be no part of another statement. A unit of
+// code ends at a "/" alone, unless CREATE follows its ";". The stop when there is none before it.
 std::size_t Splitter::FindRestart(std::size_t offset, std::size_t stop, Extent extent) const {
   bool ended = false;
   bool slash = false;
@@ -401,6 +418,11 @@ std::size_t Splitter::FindRestart(std::size_t offset, std::size_t stop, Extent e
         Lexer lexer(text_.substr(0, end));
         lexer.MoveTo(offset);
         if (lexer.Next().word == K_CREATE) return offset;
+      }
+      if (extent == Extent::Sql) {
+        Lexer lexer(text_.substr(0, end));
+        lexer.MoveTo(offset);
+        if (StartsInside(lexer.Next())) return offset;
       }
       slash = line == "/";
       ended = slash || line.ends_with(';');

@@ -61,6 +61,7 @@ class Splitter {
   bool IsTerminator(Token const& token) const;
   void CutTerminator(Token& token);
   bool StartsLogin(Token const& token) const;
+  bool StartsStatement(std::size_t offset) const;
   bool StartsInside(Token const& token) const;
   bool HidesStatement(Token const& token, Extent extent) const;
   void SkipSource();

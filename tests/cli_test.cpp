@@ -444,7 +444,9 @@ TEST_F(Cli, AnyInputIsReadAsFarAsItGoes) {
             "GR\xEF\xBF\xBDSSE;",
             "Sequence  1\n"},
            {"open string", "CREATE SEQUENCE A;\nCREATE TABLE T (B CHAR DEFAULT 'x", 1,
-            "s.sql:2:32: syntax error: string is not closed\n", "Sequence  1\n"},
+            "s.sql:2:32: syntax error: string is not closed; a quote within a string is written as "
+            "two\n",
+            "Sequence  1\n"},
            {"open comment", "CREATE SEQUENCE A;\n/* CREATE SEQUENCE B;", 1,
             "s.sql:2:1: syntax error: comment is not closed\n", "Sequence  1\n"},
            {"open name", "CREATE SEQUENCE A;\nCREATE SEQUENCE \"B", 1,
