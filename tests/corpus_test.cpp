@@ -122,5 +122,9 @@ TEST(Corpus, LosesNoStatement) {
   EXPECT_GT(CompareScripts(corpus), 9000U);
 }
 
+TEST(Scripts, LoseNoStatement) {
+  EXPECT_GT(CompareScripts(REPORA_SCRIPTS_DIR), 400U);
+}
+
 }  // namespace
 }  // namespace repora::test

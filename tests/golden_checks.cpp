@@ -418,4 +418,17 @@ std::vector<GoldenLine> FindFailures(GoldenCase const& golden, GoldenOutcome& ou
   return failures;
 }
 
+std::string RoundTripFault(std::string const& rendered) {
+  reader::ReadOptions options;
+  reader::ReadResult again;
+  reader::ReadScript("rendered.sql", rendered + "\n/\n", options, again);
+  for (auto const& diagnostic : again.diagnostics)
+    if (diagnostic.kind == reader::DiagnosticKind::Syntax)
+      return rendered + "\n  is not read: " + diagnostic.text;
+  if (again.statements.size() != 1)
+    return rendered + "\n  is read as " + std::to_string(again.statements.size()) + " statements";
+  auto const second = again.statements[0].object->AsString();
+  return second == rendered ? "" : rendered + "\n  comes back as\n" + second;
+}
+
 }  // namespace repora::test

@@ -24,4 +24,7 @@ std::unique_ptr<GoldenOutcome> RunGolden(GoldenCase const& golden);
 // The expectations that do not hold, each at its line and with what is wrong.
 std::vector<GoldenLine> FindFailures(GoldenCase const& golden, GoldenOutcome& outcome);
 
+// Why reading a rendered text does not give a statement that renders the same; empty when it does.
+std::string RoundTripFault(std::string const& rendered);
+
 }  // namespace repora::test

@@ -40,20 +40,6 @@ std::vector<RoundTripException> const& Exceptions() {
   return exceptions;
 }
 
-// Why reading a rendered text does not give a statement that renders the same; empty when it does.
-std::string RoundTripFault(std::string const& rendered) {
-  reader::ReadOptions options;
-  reader::ReadResult again;
-  reader::ReadScript("rendered.sql", rendered + "\n/\n", options, again);
-  for (auto const& diagnostic : again.diagnostics)
-    if (diagnostic.kind == reader::DiagnosticKind::Syntax)
-      return rendered + "\n  is not read: " + diagnostic.text;
-  if (again.statements.size() != 1)
-    return rendered + "\n  is read as " + std::to_string(again.statements.size()) + " statements";
-  auto const second = again.statements[0].object->AsString();
-  return second == rendered ? "" : rendered + "\n  comes back as\n" + second;
-}
-
 void CheckRoundTrip(GoldenFile const& file) {
   std::size_t statements = 0;
   for (auto const& golden : file.cases) {

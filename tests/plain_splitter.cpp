@@ -71,6 +71,16 @@ std::set<std::string> const kObjects = {
     "EDITION",     "FLASHBACK",  "RESTORE", "ANALYTIC",  "ATTRIBUTE", "HIERARCHY",    "INMEMORY",
     "LOCKDOWN",    "PROPERTY",   "DOMAIN",  "SESSION",   "SYSTEM",    "RESOURCE"};
 
+// Whether the quote at a place of a line stands right behind a word that no string follows so.
+bool TouchesName(std::string const& line, std::size_t quote) {
+  auto start = quote;
+  while (start > 0 && IsWordPart(line[start - 1])) --start;
+  static std::set<std::string> const kBeforeStrings = {"",         "N",    "Q",       "NQ",
+                                                       "AS",       "DATE", "DEFAULT", "IMMEDIATE",
+                                                       "INTERVAL", "IS",   "LIKE",    "TIMESTAMP"};
+  return kBeforeStrings.count(Upper(line.substr(start, quote - start))) == 0;
+}
+
 struct Spelling {
   std::string_view shortest;
   std::string_view rest;
@@ -104,8 +114,9 @@ bool IsCommand(std::vector<std::string> const& words) {
 
 bool IsVerb(std::vector<std::string> const& words) {
   if (words.empty()) return false;
-  if (words[0] == "<") return words.size() > 1 && words[1] == "<";
+  if (words[0] == "<") return words.size() > 2 && words[1] == "<" && words[2] != "<";
   if (words[0] == "SET") return !IsCommand(words);
+  if (words[0] == "LOCK") return words.size() > 1 && words[1] == "TABLE";
   return kVerbs.count(words[0]) != 0;
 }
 
@@ -120,9 +131,12 @@ bool OpensForSure(std::vector<std::string> const& words) {
 
 class PlainSplitter {
  public:
+  // The last line with a quote: a string that is open behind it is never closed.
+  explicit PlainSplitter(std::size_t last_quote) : last_quote_(last_quote) {}
   void TakeLine(std::string const& line);
   std::vector<PlainStatement> Result() {
-    Close();
+    if (inside_ == Inside::Comment && mode_ == Mode::Between)
+      found_.push_back({comment_line_, "?"});
     return std::move(found_);
   }
 
@@ -143,6 +157,11 @@ class PlainSplitter {
   void Close();
 
   std::vector<PlainStatement> found_;
+  std::size_t last_quote_;
+  std::size_t comment_line_ = 0;  // where a comment starts
+  bool is_misquoted_ = false;     // a word touches a string
+  bool was_slash_ = false;        // the line before is a "/"
+  bool was_ended_ = false;        // or ends in ";"
   std::size_t line_ = 0;
   Mode mode_ = Mode::Between;
   Inside inside_ = Inside::Code;
@@ -174,12 +193,14 @@ std::string PlainSplitter::Masked(std::string const& line) {
         two = c == '/' && next == '*';
         if (two) {
           inside_ = Inside::Comment;
+          comment_line_ = line_;
           break;
         }
         shown = c;
         if (c == '"') inside_ = Inside::Name;
         if (c != '\'') break;
         inside_ = Inside::String;
+        is_misquoted_ = is_misquoted_ || TouchesName(line, i);
         if (i > 0 && (line[i - 1] == 'q' || line[i - 1] == 'Q') && next != '\0') {
           auto const start = i > 1 && (line[i - 2] == 'n' || line[i - 2] == 'N') ? i - 2 : i - 1;
           if (start > 0 && IsWordPart(line[start - 1])) break;
@@ -191,7 +212,9 @@ std::string PlainSplitter::Masked(std::string const& line) {
         break;
       case Inside::String:
         two = c == '\'' && next == '\'';
-        if (c == '\'' && !two) inside_ = Inside::Code;
+        if (c != '\'' || two) break;
+        inside_ = Inside::Code;
+        is_misquoted_ = is_misquoted_ || IsWordPart(next);
         break;
       case Inside::DelimitedString:
         two = c == delimiter_ && next == '\'';
@@ -225,6 +248,15 @@ void PlainSplitter::TakeLine(std::string const& line) {
     if (trimmed == "/") Close();
     return;
   }
+  if (inside_ == Inside::String) {
+    auto const words = WordsOf(line);
+    bool const never_closed = line_ > last_quote_ && was_ended_ && IsVerb(words);
+    bool const unit_ended = mode_ != Mode::Unit || was_slash_ ||
+                            (words.size() > 1 && words[0] == "CREATE" && was_ended_);
+    if (unit_ended && (never_closed || (is_misquoted_ && OpensForSure(words)))) Close();
+  }
+  was_slash_ = trimmed == "/";
+  was_ended_ = was_slash_ || trimmed.ends_with(';');
   bool const in_code = inside_ == Inside::Code;
   auto const code = Masked(line);
   if (in_code) {
@@ -330,7 +362,7 @@ void PlainSplitter::Settle() {
     if (at < first_.size()) kind += " " + (object = first_[at]);
   }
   is_misspelt_ = kind != first_[0] && kObjects.count(object) == 0;
-  found_.back().kind = kind;
+  found_.back().kind = is_misspelt_ ? "?" : kind;
   auto const next = at + 1 < first_.size() ? first_[at + 1] : std::string();
   bool const unit = object == "PROCEDURE" || object == "FUNCTION" || object == "PACKAGE" ||
                     object == "TRIGGER" || (object == "TYPE" && next == "BODY");
@@ -341,6 +373,8 @@ void PlainSplitter::Settle() {
   if (first_[0] == "CREATE" &&
       (object == "JAVA" || object == "MLE" || ((unit || object == "TYPE") && IsOf("WRAPPED"))))
     mode_ = Mode::Source;
+  for (auto const& word : first_)
+    if (kind == "(" && word != "(") found_.back().kind = kind = word;
   if (kind == "<") found_.back().kind = "BEGIN";
 }
 
@@ -356,7 +390,9 @@ void PlainSplitter::TakeUnit(std::string const& code) {
       phrase_.clear();
     } else {
       may_have_ended_ = false;
-      if (phrase_.empty() && (word == "PROCEDURE" || word == "FUNCTION")) ++subprograms_;
+      if ((phrase_.empty() || previous_ == "IS" || previous_ == "AS") &&
+          (word == "PROCEDURE" || word == "FUNCTION"))
+        ++subprograms_;
       if (phrase_.size() < 12) phrase_.push_back(word);
       bool const name = previous_ == ".";
       if (word == "BEGIN" && !name) {
@@ -376,6 +412,7 @@ void PlainSplitter::Close() {
   inside_ = Inside::Code;
   first_.clear();
   parentheses_ = 0;
+  is_misquoted_ = false;
   open_ = subprograms_ = 0;
   may_have_ended_ = false;
   previous_.clear();
@@ -384,8 +421,16 @@ void PlainSplitter::Close() {
 
 }  // namespace
 
-std::vector<PlainStatement> SplitPlainly(std::string const& script) {
-  PlainSplitter splitter;
+std::vector<PlainStatement> SplitPlainly(std::string const& text) {
+  auto script = text;
+  for (std::string_view const blank : {"\xC2\xA0", "\xE3\x80\x80", "\xE2\x80\x8B"})
+    for (std::size_t at = 0; (at = script.find(blank, at)) != std::string::npos;)
+      script.replace(at, blank.size(), blank.size(), ' ');
+  auto const last_quote = script.rfind('\'');
+  auto const quoted = last_quote == std::string::npos
+                          ? script.begin()
+                          : script.begin() + static_cast<std::ptrdiff_t>(last_quote);
+  PlainSplitter splitter(static_cast<std::size_t>(std::count(script.begin(), quoted, '\n')) + 1);
   std::string line;
   std::string_view const mark = "\xEF\xBB\xBF";
   for (std::size_t i = script.starts_with(mark) ? mark.size() : 0; i < script.size(); ++i) {

@@ -1,0 +1,7 @@
+CREATE TABLE sofa (id NUMBER);
+COMMENT ON sofa IS 'x';
+COMMENT ON TABLE sofa 'x';
+COMMENT ON TABLE sofa IS x;
+COMMENT TABLE sofa IS 'x';
+COMMENT ON COLUMN sofa IS 'x';
+COMMENT ON TABLE sofa IS 'x' 'y';

@@ -1,0 +1,4 @@
+CREATE TABLE gravel (id NUMBER);
+CREATE TABLE sand (id NUMBER);
+CREATE TABLE stone (id NUMBER);   
+CREATE SEQUENCE stone_seq;

@@ -1,0 +1,16 @@
+CREATE TABLE oven (id NUMBER, temperature NUMBER(4));
+CREATE OR REPLACE PROCEDURE heat(p_id NUMBER) IS
+BEGIN
+  UPDATE oven SET temperature = 200 WHERE id = p_id;
+END;
+/
+CREATE OR REPLACE PACKAGE ovens IS PROCEDURE cool; PROCEDURE clean; END;
+/
+CREATE OR REPLACE PACKAGE BODY ovens IS
+  PROCEDURE cool IS
+  BEGIN
+    UPDATE oven SET temperature = 20;
+  END;
+  PROCEDURE clean IS
+  BEGIN
+    IF 1 =

@@ -1,0 +1,3 @@
+CREATE TABLE web (id NUMBER, text VARCHAR2(40));
+CREATE　INDEX web_text ON web (text);
+CREATE SEQUENCE​ web_seq START WITH 5;

@@ -1,0 +1,1 @@
+-- lines end with a carriage return alone; don't askCREATE TABLE apple (id NUMBER, sort VARCHAR2(20));REM CREATE TABLE no1 (a DATE);CREATE INDEX apple_sort ON apple (sort)/INSERT INTO apple VALUES (1, 'Cox');CREATE SEQUENCE apple_seq;

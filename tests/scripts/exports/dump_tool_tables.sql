@@ -1,0 +1,74 @@
+--------------------------------------------------------
+--  File created - Tuesday-March-05-2024
+--------------------------------------------------------
+--------------------------------------------------------
+--  DDL for Sequence INVOICE_SEQ
+--------------------------------------------------------
+
+   CREATE SEQUENCE  "BILLING"."INVOICE_SEQ"  MINVALUE 1 MAXVALUE 9999999999999999999999999999 INCREMENT BY 1 START WITH 4021 CACHE 20 NOORDER  NOCYCLE ;
+--------------------------------------------------------
+--  DDL for Table INVOICE
+--------------------------------------------------------
+
+  CREATE TABLE "BILLING"."INVOICE"
+   (	"ID" NUMBER(10,0),
+	"CUSTOMER_ID" NUMBER(10,0),
+	"ISSUED" DATE DEFAULT sysdate,
+	"TEXT" VARCHAR2(4000 BYTE),
+	"TOTAL" NUMBER(12,2)
+   ) PCTFREE 10 PCTUSED 40 INITRANS 1 MAXTRANS 255 NOCOMPRESS LOGGING
+  STORAGE(INITIAL 65536 NEXT 1048576 MINEXTENTS 1 MAXEXTENTS 2147483645
+  PCTINCREASE 0 FREELISTS 1 FREELIST GROUPS 1 BUFFER_POOL DEFAULT)
+  TABLESPACE "BILLING_DATA" ;
+
+   COMMENT ON COLUMN "BILLING"."INVOICE"."TEXT" IS 'What the customer reads
+in two lines';
+   COMMENT ON TABLE "BILLING"."INVOICE"  IS 'Invoices; sent or not';
+--------------------------------------------------------
+--  DDL for Table CUSTOMER
+--------------------------------------------------------
+  CREATE TABLE "BILLING"."CUSTOMER"
+   (	"ID" NUMBER(10,0),
+	"NAME" VARCHAR2(80 CHAR)
+   ) SEGMENT CREATION IMMEDIATE
+  PCTFREE 10 PCTUSED 40 INITRANS 1 MAXTRANS 255 NOCOMPRESS LOGGING
+  STORAGE(INITIAL 65536 NEXT 1048576 MINEXTENTS 1 MAXEXTENTS 2147483645
+  PCTINCREASE 0 FREELISTS 1 FREELIST GROUPS 1 BUFFER_POOL DEFAULT)
+  TABLESPACE "BILLING_DATA" ;
+REM INSERTING into BILLING.CUSTOMER
+SET DEFINE OFF;
+Insert into BILLING.CUSTOMER (ID,NAME) values (1,'Smith & Sons');
+--------------------------------------------------------
+--  DDL for Index INVOICE_PK
+--------------------------------------------------------
+
+  CREATE UNIQUE INDEX "BILLING"."INVOICE_PK" ON "BILLING"."INVOICE" ("ID")
+  PCTFREE 10 INITRANS 2 MAXTRANS 255
+  STORAGE(INITIAL 65536 NEXT 1048576 MINEXTENTS 1 MAXEXTENTS 2147483645
+  PCTINCREASE 0 FREELISTS 1 FREELIST GROUPS 1 BUFFER_POOL DEFAULT)
+  TABLESPACE "BILLING_IDX" ;
+--------------------------------------------------------
+--  Constraints for Table INVOICE
+--------------------------------------------------------
+
+  ALTER TABLE "BILLING"."INVOICE" ADD CONSTRAINT "INVOICE_PK" PRIMARY KEY ("ID")
+  USING INDEX PCTFREE 10 INITRANS 2 MAXTRANS 255
+  STORAGE(INITIAL 65536 NEXT 1048576 MINEXTENTS 1 MAXEXTENTS 2147483645
+  PCTINCREASE 0 FREELISTS 1 FREELIST GROUPS 1 BUFFER_POOL DEFAULT)
+  TABLESPACE "BILLING_IDX"  ENABLE;
+  ALTER TABLE "BILLING"."INVOICE" MODIFY ("CUSTOMER_ID" NOT NULL ENABLE);
+  ALTER TABLE "BILLING"."INVOICE" MODIFY ("ID" NOT NULL ENABLE);
+  ALTER TABLE "BILLING"."CUSTOMER" ADD CONSTRAINT "CUSTOMER_PK" PRIMARY KEY ("ID") USING INDEX  ENABLE;
+  ALTER TABLE "BILLING"."INVOICE" ADD CONSTRAINT "INVOICE_CUSTOMER_FK" FOREIGN KEY ("CUSTOMER_ID")
+	  REFERENCES "BILLING"."CUSTOMER" ("ID") ON DELETE CASCADE ENABLE;
+--------------------------------------------------------
+--  DDL for Trigger INVOICE_BI
+--------------------------------------------------------
+
+  CREATE OR REPLACE TRIGGER "BILLING"."INVOICE_BI"
+before insert on invoice
+for each row
+begin
+  :new.id := invoice_seq.nextval;
+end;
+/

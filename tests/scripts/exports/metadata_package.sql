@@ -1,0 +1,58 @@
+
+  CREATE TABLE "CRM"."LEAD"
+   (	"LEAD_ID" NUMBER(*,0) NOT NULL ENABLE,
+	"SCORE" FLOAT(126),
+	"SOURCE" VARCHAR2(30),
+	"NOTE" CLOB,
+	"GONE" CHAR(1) DEFAULT 'N' NOT NULL ENABLE,
+	 CONSTRAINT "LEAD_PK" PRIMARY KEY ("LEAD_ID")
+  USING INDEX PCTFREE 10 INITRANS 2 MAXTRANS 255 COMPUTE STATISTICS
+  TABLESPACE "CRM_X"  ENABLE
+   ) SEGMENT CREATION DEFERRED
+  PCTFREE 10 PCTUSED 40 INITRANS 1 MAXTRANS 255
+ NOCOMPRESS LOGGING
+  TABLESPACE "CRM"
+ LOB ("NOTE") STORE AS SECUREFILE (
+  TABLESPACE "CRM" ENABLE STORAGE IN ROW CHUNK 8192
+  NOCACHE LOGGING  NOCOMPRESS  KEEP_DUPLICATES )
+/
+
+  CREATE INDEX "CRM"."LEAD_SOURCE_IX" ON "CRM"."LEAD" ("SOURCE")
+  PCTFREE 10 INITRANS 2 MAXTRANS 255 COMPUTE STATISTICS
+  TABLESPACE "CRM_X"
+/
+
+   COMMENT ON COLUMN "CRM"."LEAD"."SCORE" IS '0 to 1'
+/
+
+  CREATE OR REPLACE SYNONYM "CRM"."LEADS" FOR "CRM"."LEAD"
+/
+  CREATE OR REPLACE FORCE VIEW "CRM"."OPEN_LEAD" ("LEAD_ID", "SCORE") AS
+  select lead_id, score from lead where gone = 'N'
+/
+  CREATE OR REPLACE FUNCTION "CRM"."LEAD_RANK" (p_id number) return number is
+  v number;
+begin
+  select score into v from lead where lead_id = p_id;
+  return v;
+end;
+/
+  CREATE OR REPLACE PACKAGE "CRM"."LEAD_API" is
+  procedure close(p_id number);
+end;
+/
+  CREATE OR REPLACE PACKAGE BODY "CRM"."LEAD_API" is
+  procedure close(p_id number) is
+  begin
+    update lead set gone = 'Y' where lead_id = p_id;
+  end;
+end;
+/
+  CREATE OR REPLACE TRIGGER "CRM"."LEAD_TR"
+  before update of score on crm.lead for each row
+begin
+  null;
+end;
+/
+ALTER TRIGGER "CRM"."LEAD_TR" ENABLE
+/

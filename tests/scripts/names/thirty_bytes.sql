@@ -1,0 +1,5 @@
+CREATE TABLE abcdefghij_abcdefghij_abcdefgh (abcdefghijklmnopqrstuvwxyz1234 NUMBER CONSTRAINT abcdefghijklmnopqrstuvwxyz_pk1 PRIMARY KEY, zyxwvutsrqponmlkjihgfedcba4321 DATE);
+CREATE INDEX zyxwvutsrqponmlkjihgfedcba_ix1 ON abcdefghij_abcdefghij_abcdefgh (zyxwvutsrqponmlkjihgfedcba4321);
+CREATE SEQUENCE sequence_of_thirty_characters_;
+ALTER TABLE abcdefghij_abcdefghij_abcdefgh ADD CONSTRAINT constraint_of_30_characters_xx CHECK (abcdefghijklmnopqrstuvwxyz1234 > 0);
+COMMENT ON COLUMN abcdefghij_abcdefghij_abcdefgh.abcdefghijklmnopqrstuvwxyz1234 IS '30';

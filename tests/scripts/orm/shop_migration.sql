@@ -1,0 +1,17 @@
+create sequence hibernate_sequence start with 1 increment by  1;
+create table app_user (id number(19,0) not null, active number(1,0) not null, created_at timestamp, email varchar2(255 char) not null, password_hash varchar2(60 char), version number(10,0) not null, primary key (id));
+create table app_user_roles (app_user_id number(19,0) not null, roles varchar2(255 char));
+create table basket (id number(19,0) not null, owner_id number(19,0), total number(19,2), primary key (id));
+create table basket_item (basket_id number(19,0) not null, line_no number(10,0) not null, quantity number(10,0) not null, sku varchar2(255 char), primary key (basket_id, line_no));
+create table document (id number(19,0) not null, content blob, note clob, mime varchar2(80 char), primary key (id));
+create index IDX_basket_owner on basket (owner_id);
+alter table app_user add constraint UK_1j9d9a06i600gd43uu3km82jw unique (email);
+alter table app_user_roles add constraint FKkwxexnudtp5gmt82j0qtytnoe foreign key (app_user_id) references app_user;
+alter table basket add constraint FK8sp8lb8gw8ap7ywrvc1gs2bkh foreign key (owner_id) references app_user;
+alter table basket_item add constraint FKn2gvarhtl3lw2uixtifdxrt8w foreign key (basket_id) references basket on delete cascade;
+create table "order" (id number(19,0) not null, "comment" varchar2(255 char), "date" timestamp, primary key (id));
+create table order_line ("order_id" number(19,0) not null, "level" number(10,0), "size" varchar2(10 char));
+alter table order_line add constraint FK_line_order foreign key ("order_id") references "order";
+create index "IDX_order_date" on "order" ("date" desc);
+alter table "order" add "number" varchar2(20 char) default '?' not null;
+create sequence "order_seq" start with 1 increment by 50 nocache;

@@ -1,0 +1,39 @@
+CREATE TABLE letter (id NUMBER(8) PRIMARY KEY, body CLOB, state VARCHAR2(1), changed DATE);
+CREATE VIEW letter_v AS SELECT id, state FROM letter;
+CREATE OR REPLACE TRIGGER letter_bi BEFORE INSERT ON letter REFERENCING NEW AS n OLD AS o FOR EACH ROW
+WHEN (n.id IS NULL OR n.state = 'x;')
+DECLARE
+  v NUMBER;
+BEGIN
+  SELECT 1 INTO v FROM dual;
+  :n.id := v;
+END letter_bi;
+/
+CREATE OR REPLACE TRIGGER letter_au AFTER UPDATE OF body, state OR DELETE ON letter
+BEGIN
+  IF UPDATING('STATE') THEN NULL; END IF;
+END;
+/
+CREATE OR REPLACE TRIGGER letter_io INSTEAD OF INSERT OR UPDATE ON letter_v FOR EACH ROW
+BEGIN
+  INSERT INTO letter (id, state) VALUES (:NEW.id, :NEW.state);
+END;
+/
+CREATE OR REPLACE TRIGGER letter_call BEFORE DELETE ON letter FOR EACH ROW CALL log_letter(:OLD.id)
+/
+CREATE OR REPLACE TRIGGER letter_compound
+FOR INSERT OR UPDATE ON letter COMPOUND TRIGGER
+  g_count PLS_INTEGER := 0;
+  BEFORE EACH ROW IS
+  BEGIN
+    g_count := g_count + 1;
+  END BEFORE EACH ROW;
+  AFTER STATEMENT IS
+  BEGIN
+    g_count := 0;
+  END AFTER STATEMENT;
+END letter_compound;
+/
+CREATE SEQUENCE letter_seq;
+ALTER TRIGGER letter_bi COMPILE;
+ALTER TRIGGER letter_au DISABLE;

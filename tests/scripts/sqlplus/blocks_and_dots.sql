@@ -1,0 +1,23 @@
+BEGIN
+  NULL;
+END;
+.
+RUN
+DECLARE
+  x NUMBER;
+BEGIN
+  x := 1
+     / 2;
+END;
+/
+CREATE TABLE dots (a NUMBER);
+BEGIN
+  EXECUTE IMMEDIATE 'SELECT 1
+/
+FROM dual';
+END;
+/
+CREATE PROCEDURE dotted IS BEGIN NULL; END;
+.
+/
+CREATE SEQUENCE dot_seq;

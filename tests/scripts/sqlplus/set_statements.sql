@@ -1,0 +1,9 @@
+SET ROLE admin IDENTIFIED BY secret;
+SET TRANSACTION READ ONLY;
+SET CONSTRAINTS ALL DEFERRED;
+set constraint emp_fk immediate;
+SET TIMING ON
+set heading off feedback off
+CREATE TABLE one (a NUMBER);
+SAVEPOINT here;
+SET AUTOCOMMIT OFF;

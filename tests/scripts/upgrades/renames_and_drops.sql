@@ -1,0 +1,10 @@
+CREATE TABLE team (id NUMBER(5), title VARCHAR2(30), boss NUMBER(5), motto VARCHAR2(100), CONSTRAINT team_pk PRIMARY KEY (id));
+ALTER TABLE team ADD CONSTRAINT team_boss_fk FOREIGN KEY (boss) REFERENCES team (id);
+ALTER TABLE team RENAME CONSTRAINT team_boss_fk TO team_parent_fk;
+ALTER TABLE team RENAME COLUMN boss TO parent_id;
+ALTER TABLE team DROP COLUMN motto;
+ALTER TABLE team RENAME TO squad;
+CREATE INDEX squad_title ON squad (title);
+ALTER INDEX squad_title RENAME TO squad_title_ix;
+ALTER TABLE squad MODIFY (title VARCHAR2(60));
+COMMENT ON COLUMN squad.parent_id IS 'was boss';

@@ -1,0 +1,20 @@
+-- Upgrade of the parcel service, 2.3 -> 2.4
+-- Check first: SELECT value FROM settings WHERE name = 'version';
+CREATE TABLE parcel (id NUMBER(10) PRIMARY KEY, weight NUMBER(6), dest VARCHAR2(200), state CHAR(1));
+CREATE TABLE depot (id NUMBER(4) PRIMARY KEY, name VARCHAR2(40));
+ALTER TABLE parcel ADD (depot_id NUMBER(4), volume NUMBER(6,2) DEFAULT 0 NOT NULL);
+ALTER TABLE parcel MODIFY weight NUMBER(8,3);
+ALTER TABLE parcel MODIFY (dest VARCHAR2(400) NOT NULL, state DEFAULT 'N');
+ALTER TABLE parcel ADD CONSTRAINT parcel_depot_fk FOREIGN KEY (depot_id) REFERENCES depot (id);
+ALTER TABLE parcel ADD CONSTRAINT parcel_state_ck CHECK (state IN ('N', 'T', 'D')) ENABLE NOVALIDATE;
+ALTER TABLE parcel RENAME COLUMN dest TO destination;
+CREATE INDEX parcel_depot ON parcel (depot_id) ONLINE;
+ALTER INDEX parcel_depot REBUILD;
+UPDATE parcel SET state = 'N' WHERE state IS NULL;
+UPDATE settings SET value = '2.4' WHERE name = 'version';
+COMMIT;
+ALTER TABLE depot RENAME TO station;
+ALTER TABLE parcel DISABLE CONSTRAINT parcel_state_ck;
+CREATE SEQUENCE parcel_seq START WITH 100000 CACHE 100;
+DROP INDEX parcel_old_ix;
+RENAME old_settings TO settings_2_3;

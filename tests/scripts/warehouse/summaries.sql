@@ -1,0 +1,17 @@
+CREATE TABLE visit (shop NUMBER(4), day DATE, people NUMBER(6));
+CREATE MATERIALIZED VIEW LOG ON visit WITH ROWID, SEQUENCE (shop, day, people) INCLUDING NEW VALUES;
+CREATE MATERIALIZED VIEW visit_copy
+  TABLESPACE users
+  BUILD IMMEDIATE
+  REFRESH FORCE ON DEMAND
+  ENABLE QUERY REWRITE
+AS
+SELECT shop, day, people
+  FROM visit;
+DROP MATERIALIZED VIEW visit_old;
+SELECT
+  shop,
+  SUM(people) -- all; of them
+FROM visit_copy
+GROUP BY shop
+ORDER BY 2 DESC;
