@@ -53,7 +53,7 @@ std::string LineAndCaret(reader::Source const& source, std::size_t offset, Style
 
   auto const before = (cut_before ? "..." : "") + Printable(script.substr(begin, place - begin));
   auto const behind = Printable(script.substr(place, end - place)) + (cut_behind ? "..." : "");
-  return "  " + before + behind + "\n  " + std::string(CharacterCount(before), ' ') +
+  return "  " + before + behind + "\n  " + std::string(DisplayWidth(before), ' ') +
          style.Green("^") + "\n";
 }
 

@@ -1,5 +1,6 @@
 #include "cli/terminal.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include <unistd.h>
@@ -40,6 +41,35 @@ std::string_view TakePrintable(std::string_view& text) {
   text.remove_prefix(character.size());
   if (size == 0) return "\xEF\xBF\xBD";
   return IsControl(character) ? std::string_view(" ") : character;
+}
+
+char32_t CodePoint(std::string_view character) {
+  auto point = static_cast<char32_t>(static_cast<unsigned char>(character[0]));
+  if (character.size() > 1) point &= 0x7FU >> character.size();
+  for (auto const c : character.substr(1))
+    point = point << 6U | (static_cast<unsigned char>(c) & 0x3FU);
+  return point;
+}
+
+struct Range {
+  char32_t first;
+  char32_t last;
+  std::size_t width;
+};
+
+// Characters that do not take one place: marks above and below others, and those of East Asia and
+// pictures.
+constexpr Range kWidths[] = {
+    {0x0300, 0x036F, 0},   {0x1100, 0x115F, 2},   {0x1AB0, 0x1AFF, 0},   {0x200B, 0x200F, 0},
+    {0x20D0, 0x20FF, 0},   {0x2E80, 0x303E, 2},   {0x3041, 0x4DBF, 2},   {0x4E00, 0xA4CF, 2},
+    {0xA960, 0xA97F, 2},   {0xAC00, 0xD7A3, 2},   {0xF900, 0xFAFF, 2},   {0xFE00, 0xFE0F, 0},
+    {0xFE20, 0xFE2F, 0},   {0xFE30, 0xFE6F, 2},   {0xFF00, 0xFF60, 2},   {0xFFE0, 0xFFE6, 2},
+    {0x1F300, 0x1F64F, 2}, {0x1F680, 0x1F6FF, 2}, {0x1F900, 0x1F9FF, 2}, {0x20000, 0x3FFFD, 2}};
+
+std::size_t WidthOf(char32_t point) {
+  for (auto const& range : kWidths)
+    if (point >= range.first && point <= range.last) return range.width;
+  return 1;
 }
 
 }  // namespace
@@ -86,11 +116,14 @@ std::string PrintableSummary(std::string_view text, std::size_t limit) {
   return result;
 }
 
-std::size_t CharacterCount(std::string_view text) {
-  std::size_t count = 0;
-  for (auto const c : text)
-    if (!IsContinuation(c)) ++count;
-  return count;
+std::size_t DisplayWidth(std::string_view text) {
+  std::size_t width = 0;
+  while (!text.empty()) {
+    auto const size = std::max<std::size_t>(CharacterSize(text), 1);
+    width += WidthOf(CodePoint(text.substr(0, size)));
+    text.remove_prefix(size);
+  }
+  return width;
 }
 
 }  // namespace repora::cli

@@ -37,7 +37,7 @@ std::string Printable(std::string_view text);
 // what exceeds the limit (in characters) is cut off and ends in "...".
 std::string PrintableSummary(std::string_view text, std::size_t limit);
 
-// Number of characters of printable text.
-std::size_t CharacterCount(std::string_view text);
+// Number of places of a terminal that printable text takes.
+std::size_t DisplayWidth(std::string_view text);
 
 }  // namespace repora::cli

@@ -98,7 +98,8 @@ TEST_F(Cli, MessagesLookLikeACompilers) {
       "ALTER SEQUENCE S9 NOCACHE;\n"
       "CREATE TABLE T (A NUMBER, A NUMBER) CLUSTER C (Z);\n"
       "\tCREATE SEQUENCE größe START AT 5;\n"
-      "CREATE SEQUENCE S2 KEEP;\n");
+      "CREATE SEQUENCE S2 KEEP;\n"
+      "CREATE SEQUENCE \"茶😀e\xCC\x81\"\t, 5;\n");
   EXPECT_EQ(result.err,
             "s.sql:2:3: duplicate REP-1: Duplicate Object Not Created - CREATE SEQUENCE S1;\n"
             "s.sql:3:1: warning REP-10: Alter Sequence - S9 Failed.  Unable to locate S9 in the "
@@ -111,19 +112,23 @@ TEST_F(Cli, MessagesLookLikeACompilers) {
             "s.sql:5:30: syntax error: expected WITH, found 'AT'\n"
             "   CREATE SEQUENCE größe START AT 5;\n"
             "                               ^\n"
-            "s.sql:6:20: note: clause KEEP is skipped\n");
+            "s.sql:6:20: note: clause KEEP is skipped\n"
+            // Tea and the face are two places wide, the accent none.
+            "s.sql:7:24: syntax error: expected an option of the sequence, found ','\n"
+            "  CREATE SEQUENCE \"茶😀e\xCC\x81\" , 5;\n"
+            "                          ^\n");
   EXPECT_EQ(result.out,
             "Scripts\n"
-            "  s.sql  5 read, 2 ok, 1 duplicate, 2 failed, 1 unread; 11 clauses: 2 held, 9 left\n"
+            "  s.sql  5 read, 2 ok, 1 duplicate, 2 failed, 2 unread; 12 clauses: 2 held, 10 left\n"
             "Objects created\n"
             "  Table     1\n"
             "  Column    1\n"
             "  Sequence  2\n"
             "  Cluster   1  1 placeholder\n"
             "Messages\n"
-            "  1 syntax error, 1 semantic error, 2 warnings, 1 note\n"
+            "  2 syntax errors, 1 semantic error, 2 warnings, 1 note\n"
             "Statements\n"
-            "  5 read, 2 ok, 1 duplicate, 2 failed, 1 unread; 11 clauses: 2 held, 9 left\n");
+            "  5 read, 2 ok, 1 duplicate, 2 failed, 2 unread; 12 clauses: 2 held, 10 left\n");
 }
 
 TEST_F(Cli, LongTextsAreCutOnTheTerminalAndWholeInTheJson) {
