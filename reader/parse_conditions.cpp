@@ -37,6 +37,21 @@ bool StartsTest(Word word) {
   }
 }
 
+// Whether the token taken last is one that an operand has to follow.
+bool AwaitsOperand(TokenStream& in) {
+  in.StepBack();
+  auto const& token = in.Next();
+  switch (token.word) {
+    case K_AND:
+    case K_BETWEEN:
+    case K_IN:
+    case K_LIKE:
+    case K_NOT:
+    case K_OR: return true;
+    default: return token.kind == TokenKind::Punctuation && token.punctuation != ')';
+  }
+}
+
 Condition MakeText(TokenStream& in, std::string_view text) {
   return std::make_unique<REPTextCondition>(in.Copy(text));
 }
@@ -184,6 +199,7 @@ Condition ConditionReader::CloseLevel(bool taken_apart) {
     while (!AtLevelEnd()) in_.SkipItem();
     auto const text = in_.TextSince(mark);
     if (text.empty()) in_.Fail("a condition");
+    if (AwaitsOperand(in_)) in_.Fail("an expression");
     condition = MakeText(in_, text);
   }
   levels_.pop_back();

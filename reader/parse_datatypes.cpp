@@ -201,7 +201,7 @@ bool ParseRichType(TokenStream& in, Word word, REPDatatype& type) {
 std::unique_ptr<REPDatatype> ParseDatatype(TokenStream& in) {
   auto type = std::make_unique<REPDatatype>();
   auto const& token = in.Peek();
-  if (!IsName(token)) in.Fail("a datatype");
+  if (!IsName(token) || token.word == K_NOT) in.Fail("a datatype");
   if (token.word == K_NONE || in.Peek(1).punctuation == '.') {
     ParseNamedType(in, *type);
     return type;

@@ -17,7 +17,9 @@ constexpr std::size_t kBytesOfKind = 1000;
 // quote or to double it.
 Token const* FindMisquoted(Token const& before, Token const& token) {
   if (before.end() != token.offset) return nullptr;
-  if (before.kind == TokenKind::String && token.kind == TokenKind::Word) return &before;
+  if (before.kind == TokenKind::String &&
+      (token.kind == TokenKind::Word || token.kind == TokenKind::Number))
+    return &before;
   if (before.kind != TokenKind::Word || token.kind != TokenKind::String) return nullptr;
   switch (before.word) {
     case K_AS:
@@ -117,15 +119,15 @@ void Splitter::ReadStatement(Token const& first, Section& section) {
       section.unclosed = keep_all && extent == Extent::Plsql && !blocks_.IsClosed();
       break;
     }
-    if (auto const* const misquoted = FindMisquoted(previous, token)) {
-      if (amiss.kind == TokenKind::End) amiss = *misquoted;
-    }
-    if (amiss.kind != TokenKind::End && token.kind == TokenKind::String &&
-        HidesStatement(token, extent)) {
+    auto const* const misquoted = FindMisquoted(previous, token);
+    if (misquoted && amiss.kind == TokenKind::End) amiss = *misquoted;
+    auto const* const suspect = misquoted ? misquoted : &token;
+    if (amiss.kind != TokenKind::End && suspect->kind == TokenKind::String &&
+        HidesStatement(*suspect, extent)) {
       section.fault = amiss;
       section.fault.kind = TokenKind::Fault;
       section.fault.punctuation = static_cast<char>(LexicalFault::OpenString);
-      lexer_.MoveTo(FindRestart(token.offset, text_.size(), extent));
+      lexer_.MoveTo(FindRestart(suspect->offset, text_.size(), extent));
       last_end = static_cast<std::uint32_t>(lexer_.Offset());
       break;
     }
