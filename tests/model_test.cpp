@@ -542,6 +542,21 @@ TEST(Validator, FindsWhatIsWrongWithTouchedObjectsOnly) {
     EXPECT_NE(text.find(finding), std::string::npos) << finding << " in\n" << text;
 }
 
+TEST(Model, FindsObjectsInWhateverOrderTheirIdsCome) {
+  MemoryModelSet set;
+  Ids inserted;
+  for (std::uint32_t const id : {100U, 99U, 101U, 60U, 102U, 61U, 98U, 200U, 59U, 201U}) {
+    ASSERT_TRUE(set.InsertObject(id, ORVTypes::oEntity, 1000 + id, {}));
+    EXPECT_FALSE(set.InsertObject(id, ORVTypes::oEntity, 1, {}));
+    inserted.push_back(id);
+    for (std::uint32_t other = 50; other < 250; ++other) {
+      bool const is_there = std::find(inserted.begin(), inserted.end(), other) != inserted.end();
+      EXPECT_EQ(set.Has(other), is_there) << other << " after " << id;
+      EXPECT_EQ(set.OwnerOf(other), is_there ? 1000 + other : 0) << other << " after " << id;
+    }
+  }
+}
+
 TEST(Validator, TellsEachNameOfManyOnce) {
   MemoryModelSet set;
   Job run(set);
