@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
@@ -97,6 +98,13 @@ void RefuseOverwriting(Options const& options) {
                                  "' is one of the scripts; name another output file");
 }
 
+// The program is about to end, and the system takes back a large model faster than its destructors
+// would piece by piece.
+void KeepToTheEnd(std::unique_ptr<ImportSession> session) {
+  [[maybe_unused]] static ImportSession* kept;
+  kept = session.release();
+}
+
 }  // namespace
 
 int RunImport(Options const& options, InterruptWatch& interrupts) {
@@ -124,7 +132,8 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
     if (options.redact) RedactPasswords(piece);
     return true;
   };
-  ImportSession session(settings, console);
+  auto owned_session = std::make_unique<ImportSession>(settings, console);
+  auto& session = *owned_session;
   auto& ledger = session.Ledger();
   ledger.SetScripts(names);
   if (json) ledger.KeepDetails();
@@ -154,7 +163,9 @@ int RunImport(Options const& options, InterruptWatch& interrupts) {
     std::fwrite(report.data(), 1, report.size(), stderr);
   else
     OutputFile(std::string(kStandardStream)).Write(report);
-  if (options.strict && ledger.Total().clauses.Of(exporter::Fate::Left) > 0) return kExitIncomplete;
+  bool const any_left = ledger.Total().clauses.Of(exporter::Fate::Left) > 0;
+  KeepToTheEnd(std::move(owned_session));
+  if (options.strict && any_left) return kExitIncomplete;
   return StatusOf(console.Counts(), result.unread, options.strict);
 }
 

@@ -76,7 +76,7 @@ std::string ReadFile(std::string const& path, std::function<void()> const& on_wa
   std::string text;
   struct stat status {};
   if (::fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode))
-    text.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    text.reserve(static_cast<std::size_t>(status.st_size) + kPieceSize);  // for the end as well
   for (;;) {
     WaitForInput(file.Get(), on_wait);
     auto const size = text.size();

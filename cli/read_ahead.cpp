@@ -5,8 +5,10 @@
 namespace repora::cli {
 namespace {
 
-// As many as keep the slower side from waiting, and few enough to stay in the cache.
-constexpr std::size_t kMostPieces = 8;
+// As many as keep the slower side from waiting, and few enough to stay in the cache. A side that
+// waited goes on when there is much to do: waking up takes time.
+constexpr std::size_t kMostPieces = 16;
+constexpr std::size_t kHalf = kMostPieces / 2;
 
 }  // namespace
 
@@ -34,23 +36,29 @@ ReadAhead::~ReadAhead() {
 }
 
 void ReadAhead::Put(reader::ReadPiece piece) {
+  std::vector<reader::ReadPiece> done;
   std::unique_lock guard(lock_);
-  changed_.wait(guard, [this] { return pieces_.size() < kMostPieces || abandoned_; });
+  if (pieces_.size() >= kMostPieces)
+    changed_.wait(guard, [this] { return pieces_.size() <= kHalf || abandoned_; });
+  done.swap(done_pieces_);
   if (abandoned_) return;
   pieces_.push_back(std::move(piece));
-  changed_.notify_all();
+  if (pieces_.size() == kHalf) changed_.notify_all();
 }
 
 bool ReadAhead::Next(reader::ReadPiece& piece) {
   std::unique_lock guard(lock_);
-  changed_.wait(guard, [this] { return !pieces_.empty() || done_; });
+  if (pieces_.empty()) changed_.wait(guard, [this] { return pieces_.size() >= kHalf || done_; });
+  auto done = std::exchange(piece, {});
   if (pieces_.empty()) {
+    guard.unlock();
     if (error_) std::rethrow_exception(error_);
     return false;
   }
   piece = std::move(pieces_.front());
   pieces_.pop_front();
-  changed_.notify_all();
+  if (!done_) done_pieces_.push_back(std::move(done));
+  if (pieces_.size() == kHalf) changed_.notify_all();
   return true;
 }
 

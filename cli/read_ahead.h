@@ -6,6 +6,7 @@
 #include <functional>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 #include "reader/script_reader.h"
 #include "repora/core/statement.h"
@@ -24,7 +25,8 @@ class ReadAhead {
   ReadAhead(ReadAhead const&) = delete;
   ReadAhead& operator=(ReadAhead const&) = delete;
 
-  // The next piece; false at the end of the work. Throws what the work threw.
+  // Exchanges a piece that is done for the next one; false at the end of the work, which leaves an
+  // empty one. Throws what the work threw.
   bool Next(reader::ReadPiece& piece);
 
  private:
@@ -33,8 +35,9 @@ class ReadAhead {
   std::mutex lock_;  // of all but the thread
   std::condition_variable changed_;
   std::deque<reader::ReadPiece> pieces_;
-  bool done_ = false;       // nothing will come any more
-  bool abandoned_ = false;  // nothing is wanted any more
+  std::vector<reader::ReadPiece> done_pieces_;  // to be deleted by the worker, which made them
+  bool done_ = false;                           // nothing will come any more
+  bool abandoned_ = false;                      // nothing is wanted any more
   std::exception_ptr error_;
   std::thread worker_;
 };

@@ -97,12 +97,16 @@ REPStatement* ImportSession::Next() {
   return piece_.statements[next_statement_++].object.release();
 }
 
+// The feed deletes it, with the rest of the piece, where it was made.
+void ImportSession::TakeBack(REPStatement* statement) {
+  piece_.statements[next_statement_ - 1].object.reset(statement);
+}
+
 bool ImportSession::NextPiece() {
   TellDiagnosticsBefore(kEndOfPiece);
   AccountFor(kEndOfPiece);
   done_bytes_ += piece_.bytes;
   observer_.OnProgress("bytes", done_bytes_, total_bytes_);
-  piece_ = {};
   next_statement_ = next_diagnostic_ = next_trace_ = 0;
   try {
     if (!feed_(piece_)) return false;

@@ -30,7 +30,7 @@ class SessionObserver {
 // Tells what the reader has to say, in the order of the text.
 void TellDiagnostics(reader::ReadPiece const& piece, SessionObserver& observer);
 
-// Gives the next part of the scripts; false when there is none.
+// Takes back a part of the scripts that is done, and gives the next one; false when there is none.
 using PieceFeed = std::function<bool(reader::ReadPiece&)>;
 
 struct ImportSettings {
@@ -63,6 +63,7 @@ class ImportSession final : private REPNotifyWnd, private REPStatementSource {
 
  private:
   REPStatement* Next() override;
+  void TakeBack(REPStatement* statement) override;
   bool NextPiece();
   void OnNotify(REPNotification const& notification) override;
   void Tell(exporter::MessageKind kind, REPNotification const& notification);

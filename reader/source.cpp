@@ -38,10 +38,12 @@ Source::Source(std::string name, std::string text, std::size_t script)
 }
 
 std::size_t Source::LineStart(std::size_t offset) const {
-  if (lines_.empty()) {
-    lines_.push_back(0);
-    for (auto end = LineEnd(text_, 0); end < text_.size(); end = LineEnd(text_, lines_.back()))
-      lines_.push_back(AfterLineEnd(text_, end));
+  // The lines up to the offset: often the first messages are the last ones.
+  if (lines_.empty()) lines_.push_back(0);
+  while (lines_.back() <= offset) {
+    auto const end = LineEnd(text_, lines_.back());
+    if (end >= text_.size()) break;
+    lines_.push_back(AfterLineEnd(text_, end));
   }
   auto const next = std::upper_bound(lines_.begin(), lines_.end(), offset);
   line_ = static_cast<std::size_t>(next - lines_.begin());

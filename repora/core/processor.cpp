@@ -220,29 +220,34 @@ bool REPProcessor::RunAddedStatements(int& done) {
   for (std::size_t i = 0; i < count; ++i) {
     if (!WaitForTurn()) return false;
     if (i >= statements.size()) throw std::invalid_argument("statements changed during the run");
-    RunStatement(std::unique_ptr<REPStatement>(std::exchange(statements[i], nullptr)), ++done);
+    std::unique_ptr<REPStatement> const statement(std::exchange(statements[i], nullptr));
+    RunStatement(*statement, ++done);
   }
   return true;
 }
 
-// The turn is waited for once there is a statement, so that a stop after the last one comes too
-// late here as well.
 bool REPProcessor::RunStatementsOfSource(int& done) {
-  if (!state_->source) return true;
+  auto* const source = state_->source;
+  if (!source) return true;
+  auto const take_back = [source](REPStatement* statement) { source->TakeBack(statement); };
   for (;;) {
+    std::unique_ptr<REPStatement, decltype(take_back)> const statement(source->Next(), take_back);
     // A source that is stopped itself may end early: what it gave is not to be applied then.
-    std::unique_ptr<REPStatement> statement(state_->source->Next());
     if (!WaitForTurn()) return false;
     if (!statement) return true;
-    RunStatement(std::move(statement), ++done);
+    RunStatement(*statement, ++done);
   }
 }
 
-void REPProcessor::RunStatement(std::unique_ptr<REPStatement> statement, int number) {
-  state_->statement_type = statement->GetStatementType();
-  auto const result = statement->Process(this);
+void REPProcessor::RunStatement(REPStatement const& statement, int number) {
+  state_->statement_type = statement.GetStatementType();
+  auto const result = statement.Process(this);
   NotifyWindow(eRENotifyProgress, number);
-  ReportResult(result, *statement);
+  ReportResult(result, statement);
+}
+
+void REPStatementSource::TakeBack(REPStatement* statement) {
+  delete statement;
 }
 
 void REPProcessor::ReportResult(REPProcess_e result, REPStatement const& statement) {

@@ -40,6 +40,9 @@ class REPStatementSource {
   // The next statement, which then belongs to the caller; null when no more will come. Not called
   // again after null.
   virtual REPStatement* Next() = 0;
+  // Gets a statement back that was run or is not to be run any more, and owns it: the place to keep
+  // it or to delete it where it was made. Deletes it at once unless overridden.
+  virtual void TakeBack(REPStatement* statement);
 
  protected:
   ~REPStatementSource() = default;
@@ -80,9 +83,9 @@ class REPProcessor : public repora::RuntimeObject,
   int GetCount() const;                        // statements held; those of a source are not counted
   // Borrowed until the end of the next run, which forgets it; null: none. The run takes the
   // statements added first and then asks the source until it has no more. Each is run, reported and
-  // deleted before the next one is asked for. eRENotifyBegin counts the statements added, as it
-  // cannot know the others; eRENotifyProgress counts on. A stopped run deletes the statement it was
-  // to run and does not ask again.
+  // given back before the next one is asked for. eRENotifyBegin counts the statements added, as it
+  // cannot know the others; eRENotifyProgress counts on. A stopped run gives the statement back
+  // that it was to run and does not ask again.
   void SetStatementSource(REPStatementSource* source);
 
   // Runs the statements and applies the result to the model. False when the run was stopped or
@@ -230,7 +233,7 @@ class REPProcessor : public repora::RuntimeObject,
   bool RunStatements();
   bool RunAddedStatements(int& done);
   bool RunStatementsOfSource(int& done);
-  void RunStatement(std::unique_ptr<REPStatement> statement, int number);
+  void RunStatement(REPStatement const& statement, int number);
   void ReportResult(REPProcess_e result, REPStatement const& statement);
   void WriteSummaryFile();
   void ApplySummary(Run& run);
