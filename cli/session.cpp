@@ -168,9 +168,10 @@ void ImportSession::OnNotify(REPNotification const& notification) {
   }
 }
 
-// A warning says what of a statement did not come into the model, but for two that say how it came
+// A warning says what of a statement did not come into the model, but for three that say how it came
 // there.
 void ImportSession::NoteLoss(std::string_view code) {
+  if (code == "REP-4") return;
   if (code == "REP-8" || code == "REP-9")
     keeps_sql_ = true;
   else

@@ -86,8 +86,13 @@ void SkipCase(TokenStream& in) {
 std::unique_ptr<REPExpr> ParseDefault(TokenStream& in) {
   auto const mark = in.Mark();
   bool operand_due = true;
+  bool behind_string = false;
   while (!AtListEnd(in) && (operand_due || !AtClauseEnd(in))) {
     auto const& token = in.Peek();
+    // As in 'it's', where a quote is missing.
+    if (behind_string && token.kind == TokenKind::Word && token.word == K_NONE)
+      in.Fail("',' or ')'");
+    behind_string = token.kind == TokenKind::String;
     operand_due = token.kind == TokenKind::Punctuation && token.punctuation != '(';
     if (token.word == K_CASE)
       SkipCase(in);
