@@ -20,7 +20,12 @@ bool IsName(Token const& token) {
 
 std::unique_ptr<REPName> ParseName(TokenStream& in) {
   auto name = ParseSimpleName(in);
-  while (in.Accept('.')) AddSegment(in, *name);
+  std::size_t parts = 1;
+  while (in.Is('.')) {
+    if (++parts > kMostNameParts) in.Fail("a name of at most 100 parts");
+    in.Next();
+    AddSegment(in, *name);
+  }
   return name;
 }
 

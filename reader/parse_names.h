@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -8,6 +9,9 @@
 #include "repora/core/name.h"
 
 namespace repora::reader {
+
+// The parts a name may have. Nobody has as many, and each costs as much as all before it.
+inline constexpr std::size_t kMostNameParts = 100;
 
 // Whether a name comes: any word, or a quoted name.
 bool IsName(Token const& token);

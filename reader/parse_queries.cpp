@@ -365,7 +365,7 @@ std::size_t QueryReader::CountExpressionItems() const {
 
 // Whether the first items are {name [. name]... [. *] | *}.
 bool QueryReader::IsColumn(std::size_t count) const {
-  if (count % 2 == 0) return false;
+  if (count % 2 == 0 || count > 2 * kMostNameParts) return false;
   for (std::size_t i = 0; i < count; ++i) {
     auto const& token = items_[i].token;
     bool const fits = i % 2 != 0 ? token.punctuation == '.'

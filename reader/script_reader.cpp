@@ -302,7 +302,9 @@ void ScriptReader::Include(Place const& place, Section const& section) {
   if (!options_.include) return leave_out("included files are not read");
   if (sources_.size() > kDeepestInclude)
     return leave_out("files include files more than 20 levels deep");
+  // What is left out has been looked for and read as well.
   if (includes_ == kMostIncludes) return leave_out("more than 10000 files are included");
+  ++includes_;
   auto included = options_.include(
       {file.name, place.source->Name(), section.command == CommandKind::IncludeBeside});
   if (!included) return leave_out("the file cannot be read");
@@ -310,7 +312,6 @@ void ScriptReader::Include(Place const& place, Section const& section) {
   if (std::any_of(sources_.begin(), sources_.end(),
                   [&](Source const* source) { return source->Name() == included->name; }))
     return leave_out("the file includes itself");
-  ++includes_;
   for (auto const& note : file.notes) Report(DiagnosticKind::Note, place, section.start, note);
   Flush(0);
   SqlPlusState::Arguments const arguments(sqlplus_, file.arguments);
