@@ -140,7 +140,9 @@ void ClauseMarks::Resolve(std::string_view kind, std::size_t tokens_of_kind,
   for (auto const& mark : named_)
     starts_.push_back({mark.token, mark.token, mark.name, Fate::Held});
   for (auto const& mark : texts_) starts_.push_back({mark.token, mark.end, "query", Fate::Text});
-  for (auto const& mark : left_) PlaceLeft(mark.token, mark.what);
+  // A note on the statement as a whole is no clause of it.
+  for (auto const& mark : left_)
+    if (!std::string_view(mark.what).starts_with(kind)) PlaceLeft(mark.token, mark.what);
   std::stable_sort(starts_.begin(), starts_.end(),
                    [](Start const& a, Start const& b) { return a.token < b.token; });
 

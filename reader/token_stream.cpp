@@ -18,7 +18,7 @@ std::string_view SubjectOf(std::string_view note) {
   constexpr std::string_view kClause = "clause ";
   if (note.starts_with(kClause)) note.remove_prefix(kClause.size());
   for (std::string_view const end :
-       {" is skipped", " is not read", " has no place in the data model"})
+       {" is skipped", " are skipped", " is not read", " has no place in the data model"})
     if (note.ends_with(end)) note.remove_suffix(end.size());
   return note;
 }
