@@ -168,8 +168,8 @@ void ImportSession::OnNotify(REPNotification const& notification) {
   }
 }
 
-// A warning says what of a statement did not come into the model, but for three that say how it came
-// there.
+// A warning says what of a statement did not come into the model, but for three that say how it
+// came there.
 void ImportSession::NoteLoss(std::string_view code) {
   if (code == "REP-4") return;
   if (code == "REP-8" || code == "REP-9")
