@@ -140,9 +140,13 @@ void ClauseMarks::Resolve(std::string_view kind, std::size_t tokens_of_kind,
   for (auto const& mark : named_)
     starts_.push_back({mark.token, mark.token, mark.name, Fate::Held});
   for (auto const& mark : texts_) starts_.push_back({mark.token, mark.end, "query", Fate::Text});
-  // A note on the statement as a whole is no clause of it.
-  for (auto const& mark : left_)
-    if (!std::string_view(mark.what).starts_with(kind)) PlaceLeft(mark.token, mark.what);
+  if (!left_.empty()) {
+    owners_.assign(tokens.size(), 0);
+    for (std::size_t i = 0; i < starts_.size(); ++i) NoteOwner(i);
+    // A note on the statement as a whole is no clause of it.
+    for (auto const& mark : left_)
+      if (!std::string_view(mark.what).starts_with(kind)) PlaceLeft(mark.token, mark.what);
+  }
   std::stable_sort(starts_.begin(), starts_.end(),
                    [](Start const& a, Start const& b) { return a.token < b.token; });
 
@@ -178,18 +182,27 @@ bool ClauseMarks::IsInQuery(std::size_t token) const {
   return false;
 }
 
+// The first start that holds a token owns it. No text stands in another, so each token is met once
+// or twice.
+void ClauseMarks::NoteOwner(std::size_t start) {
+  auto const end = std::max(starts_[start].end, starts_[start].token + 1);
+  for (auto token = starts_[start].token; token < std::min(end, owners_.size()); ++token)
+    if (owners_[token] == 0) owners_[token] = static_cast<std::uint32_t>(start + 1);
+}
+
 // What is left takes the place of the clause in whose first words it stands, and has none in a text
 // that is kept.
 void ClauseMarks::PlaceLeft(std::size_t token, std::string_view name) {
-  for (auto& start : starts_) {
-    bool const same = start.token == token;
-    if (!same && (token < start.token || token >= start.end)) continue;
-    if (start.fate == Fate::Held || start.fate == Fate::Rendered ||
-        (same && start.fate != Fate::Left))
-      start = {start.token, start.end, name, Fate::Left};
+  auto const owner = token < owners_.size() ? owners_[token] : 0;
+  if (owner == 0) {
+    starts_.push_back({token, token, name, Fate::Left});
+    NoteOwner(starts_.size() - 1);
     return;
   }
-  starts_.push_back({token, token, name, Fate::Left});
+  auto& start = starts_[owner - 1];
+  if (start.fate == Fate::Held || start.fate == Fate::Rendered ||
+      (start.token == token && start.fate != Fate::Left))
+    start = {start.token, start.end, name, Fate::Left};
 }
 
 }  // namespace repora::reader

@@ -73,6 +73,7 @@ class ClauseMarks {
   };
 
   bool IsInQuery(std::size_t token) const;
+  void NoteOwner(std::size_t start);
   void PlaceLeft(std::size_t token, std::string_view name);
 
   std::vector<std::uint32_t> keywords_;
@@ -81,6 +82,7 @@ class ClauseMarks {
   std::vector<Range> queries_;
   std::vector<Left> left_;
   std::vector<Start> starts_;
+  std::vector<std::uint32_t> owners_;  // of tokens: number of the start they belong to, 0 for none
 };
 
 }  // namespace repora::reader

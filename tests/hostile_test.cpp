@@ -6,6 +6,7 @@
 
 #include "reader/script_reader.h"
 #include "repora/core/statement.h"
+#include "tests/run_fixture.h"
 
 namespace {
 
@@ -59,6 +60,27 @@ TEST(HostileScripts, OneUnitHoldsAnyNumberOfEnds) {
   ASSERT_EQ(result.statements.size(), 1U);
   EXPECT_GE(result.statements[0].object->AsString().size(), unit.size() - 1);
   EXPECT_EQ(result.unread, 0U);
+}
+
+TEST(HostileScripts, OneStatementLeavesAnyNumberOfClauses) {
+  auto const result = Read("CREATE TABLE t (a INT) " + Repeat("INMEMORY ", kRepetitions) + ";");
+  ASSERT_EQ(result.traces.size(), 1U);
+  EXPECT_GE(result.traces[0].clauses, kRepetitions);
+}
+
+TEST(HostileScripts, OneTableHasAnyNumberOfKeys) {
+  repora::test::Job job;
+  job.Run([](REPProcessor& processor) {
+    REPName const table("T");
+    REPName const column("C");
+    for (std::uint32_t id = 10; id < 500'000; ++id)
+      processor.AddMemberToTableIndexes(&table, id, REPIndexOtherKey, &column);
+    // The keys are in the order of their ids, whichever came first.
+    for (std::uint32_t const id : {600'005U, 600'003U, 600'004U, 600'005U})
+      processor.AddMemberToTableIndexes(&table, id, REPIndexPrimaryKey, &column);
+    EXPECT_EQ(processor.FindPKInTableIndexes(&table, 0), 600'003U);
+    EXPECT_EQ(processor.FindPKInTableIndexes(&table, 2), 600'005U);
+  });
 }
 
 TEST(HostileScripts, OpenStringsAndCommentsAreSearchedOnce) {

@@ -47,11 +47,18 @@ void CrossReferenceMaps::AddMember(CrossReferences& table, std::uint32_t key_gro
     members_.Add({});
   }
   table.is_table = true;
-  auto* place = &table.first_index;
-  while (*place && indexes_[*place].key_group < key_group) place = &indexes_[*place].next;
-  if (!*place || indexes_[*place].key_group != key_group)
-    *place = indexes_.Add({key_group, key_type, 0, 0, 0, *place});
-  auto& index = indexes_[*place];
+  // They mostly come in their order, and a table may have any number of them.
+  auto at = table.last_index;
+  if (!at || indexes_[at].key_group != key_group) {
+    auto* place =
+        at && indexes_[at].key_group < key_group ? &indexes_[at].next : &table.first_index;
+    while (*place && indexes_[*place].key_group < key_group) place = &indexes_[*place].next;
+    if (!*place || indexes_[*place].key_group != key_group)
+      *place = indexes_.Add({key_group, key_type, 0, 0, 0, *place});
+    at = *place;
+    if (!indexes_[at].next) table.last_index = at;
+  }
+  auto& index = indexes_[at];
   auto const member = members_.Add({names_.Add(MapFullName(column)), 0});
   (index.first_member ? members_[index.last_member].next : index.first_member) = member;
   index.last_member = member;
@@ -135,6 +142,7 @@ REPProcess_e REPProcessor::RenameEntityInTableIndexes(REPName const* old_table,
   if (!references || !references->is_table) return REPProcessOK;
   renamed.is_table = std::exchange(references->is_table, false);
   renamed.first_index = std::exchange(references->first_index, 0);
+  renamed.last_index = std::exchange(references->last_index, 0);
   return REPProcessOK;
 }
 

@@ -58,6 +58,7 @@ struct CrossReferences {
   bool is_constraint = false;
   std::uint32_t constraint = 0;   // id of the item
   std::uint32_t first_index = 0;  // by ascending key group
+  std::uint32_t last_index = 0;
 };
 // One key or index of a table.
 struct TableIndex {
