@@ -59,7 +59,8 @@ class Source {
   };
   std::vector<Part> hidden_;  // guarded by lock_
   mutable std::mutex lock_;
-  mutable std::vector<std::size_t> lines_;  // where they start; empty until somebody asks
+  mutable std::vector<std::size_t> lines_;  // where they start
+  mutable bool has_all_lines_ = false;      // those up to the last place asked for, otherwise
   mutable std::size_t line_ = 1;
   // The place asked for last.
   mutable std::size_t column_offset_ = 0;

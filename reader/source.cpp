@@ -40,10 +40,10 @@ Source::Source(std::string name, std::string text, std::size_t script)
 std::size_t Source::LineStart(std::size_t offset) const {
   // The lines up to the offset: often the first messages are the last ones.
   if (lines_.empty()) lines_.push_back(0);
-  while (lines_.back() <= offset) {
+  while (!has_all_lines_ && lines_.back() <= offset) {
     auto const end = LineEnd(text_, lines_.back());
-    if (end >= text_.size()) break;
-    lines_.push_back(AfterLineEnd(text_, end));
+    has_all_lines_ = end >= text_.size();
+    if (!has_all_lines_) lines_.push_back(AfterLineEnd(text_, end));
   }
   auto const next = std::upper_bound(lines_.begin(), lines_.end(), offset);
   line_ = static_cast<std::size_t>(next - lines_.begin());

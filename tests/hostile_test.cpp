@@ -51,6 +51,8 @@ TEST(HostileScripts, OneLineHoldsAnyNumberOfStatements) {
     EXPECT_EQ(result.statements.size(), one.statements) << one.piece;
     EXPECT_EQ(result.unread, one.unread) << one.piece;
     EXPECT_EQ(result.outside, one.outside) << one.piece;
+    for (auto const& diagnostic : result.diagnostics)
+      EXPECT_EQ(diagnostic.source->PositionOf(diagnostic.offset).column, diagnostic.offset + 1);
   }
 }
 
