@@ -101,7 +101,7 @@ void RefuseOverwriting(Options const& options) {
 // The program is about to end, and the system takes back a large model faster than its destructors
 // would piece by piece.
 void KeepToTheEnd(std::unique_ptr<ImportSession> session) {
-  static ImportSession* volatile kept;  // where a leak checker finds it
+  [[maybe_unused]] static ImportSession* volatile kept;  // where a leak checker finds it
   kept = session.release();
 }
 
