@@ -56,6 +56,18 @@ TEST(HostileScripts, OneLineHoldsAnyNumberOfStatements) {
   }
 }
 
+TEST(HostileScripts, OneLineHoldsAnyNumberOfMistakes) {
+  auto const result = Read(Repeat("CREATE x; ", kRepetitions));
+  ASSERT_EQ(result.diagnostics.size(), kRepetitions);
+  std::size_t column = 8;
+  for (auto const& diagnostic : result.diagnostics) {
+    auto const position = diagnostic.source->PositionOf(diagnostic.offset);
+    ASSERT_EQ(position.line, 1U);
+    ASSERT_EQ(position.column, column);
+    column += 10;
+  }
+}
+
 TEST(HostileScripts, OneUnitHoldsAnyNumberOfEnds) {
   auto const unit = "CREATE PROCEDURE p IS BEGIN " + Repeat("x; END; ", kRepetitions);
   auto const result = Read(unit);
