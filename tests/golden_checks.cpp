@@ -1,9 +1,11 @@
 #include "tests/golden_checks.h"
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -429,6 +431,41 @@ std::string RoundTripFault(std::string const& rendered) {
     return rendered + "\n  is read as " + std::to_string(again.statements.size()) + " statements";
   auto const second = again.statements[0].object->AsString();
   return second == rendered ? "" : rendered + "\n  comes back as\n" + second;
+}
+
+std::size_t CheckRoundTrips(std::vector<std::filesystem::path> const& folders,
+                            std::filesystem::path const& exception_list, bool all_used) {
+  auto const exceptions = LoadRoundTripExceptions(exception_list);
+  std::set<int> used;
+  std::size_t statements = 0;
+  for (auto const& folder : folders) {
+    for (auto const& entry : std::filesystem::recursive_directory_iterator(folder)) {
+      if (entry.path().extension() != ".sql") continue;
+      std::stringstream text;
+      text << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+      GoldenCase script;
+      script.sql = text.str();
+      for (auto const& statement : ReadGolden(script).statements) {
+        ++statements;
+        auto const rendered = statement.object->AsString();
+        auto const fault = RoundTripFault(rendered);
+        if (fault.empty()) continue;
+        auto const listed =
+            std::find_if(exceptions.begin(), exceptions.end(), [&](RoundTripException const& one) {
+              return one.file == entry.path().stem() && rendered.starts_with(one.title);
+            });
+        if (listed == exceptions.end())
+          ADD_FAILURE() << entry.path() << "\n" << fault;
+        else
+          used.insert(listed->line);
+      }
+    }
+  }
+  for (auto const& one : exceptions) {
+    EXPECT_FALSE(one.reason.empty()) << "line " << one.line;
+    EXPECT_TRUE(!all_used || used.count(one.line) != 0) << one.title << " comes back as it was";
+  }
+  return statements;
 }
 
 }  // namespace repora::test

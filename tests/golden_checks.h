@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,5 +28,11 @@ std::vector<GoldenLine> FindFailures(GoldenCase const& golden, GoldenOutcome& ou
 
 // Why reading a rendered text does not give a statement that renders the same; empty when it does.
 std::string RoundTripFault(std::string const& rendered);
+
+// Checks that every statement of the scripts below the folders comes back; how many there are. What
+// does not is listed by the script's name and the start of the rendered text, and where the scripts
+// are all at hand, all that is listed must be needed.
+std::size_t CheckRoundTrips(std::vector<std::filesystem::path> const& folders,
+                            std::filesystem::path const& exception_list, bool all_used);
 
 }  // namespace repora::test

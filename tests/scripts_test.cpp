@@ -92,35 +92,10 @@ TEST(Scripts, GiveWhatTheyHold) {
   EXPECT_EQ(found.size(), expectations.size());
 }
 
-// What does not come back is listed by the script's name and the start of the rendered text.
 TEST(RoundTrip, OfScriptsOfEveryStyle) {
-  auto const exceptions = LoadRoundTripExceptions(REPORA_SCRIPTS_DIR "/roundtrip_exceptions.txt");
-  std::set<int> used;
-  std::size_t statements = 0;
-  for (auto const& entry : fs::recursive_directory_iterator(REPORA_SCRIPTS_DIR)) {
-    if (entry.path().extension() != ".sql") continue;
-    GoldenCase script;
-    script.sql = TextOfFile(entry.path());
-    for (auto const& statement : ReadGolden(script).statements) {
-      ++statements;
-      auto const rendered = statement.object->AsString();
-      auto const fault = RoundTripFault(rendered);
-      if (fault.empty()) continue;
-      auto const listed =
-          std::find_if(exceptions.begin(), exceptions.end(), [&](RoundTripException const& one) {
-            return one.file == entry.path().stem() && rendered.starts_with(one.title);
-          });
-      if (listed == exceptions.end())
-        ADD_FAILURE() << entry.path() << "\n" << fault;
-      else
-        used.insert(listed->line);
-    }
-  }
-  EXPECT_GT(statements, 400U);
-  for (auto const& one : exceptions) {
-    EXPECT_FALSE(one.reason.empty()) << "line " << one.line;
-    EXPECT_TRUE(used.count(one.line) != 0) << one.title << " comes back as it was";
-  }
+  EXPECT_GT(CheckRoundTrips({REPORA_SCRIPTS_DIR}, REPORA_SCRIPTS_DIR "/roundtrip_exceptions.txt",
+                            /*all_used=*/true),
+            400U);
 }
 
 }  // namespace
